@@ -1,0 +1,27 @@
+# A room is one folder under src, one static library and one namespace.
+# marlovent_room(link DEPENDS marlovent_shell) makes the target marlovent_link from src/link/*.cpp.
+function(marlovent_room name)
+  cmake_parse_arguments(ROOM "" "FOLDER" "DEPENDS" ${ARGN})
+  if(NOT ROOM_FOLDER)
+    set(ROOM_FOLDER ${name})
+  endif()
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${ROOM_FOLDER}/*.cpp)
+  add_library(marlovent_${name} STATIC ${sources})
+  target_include_directories(marlovent_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(marlovent_${name} PUBLIC ${ROOM_DEPENDS})
+endfunction()
+
+# marlovent_test(link DEPENDS marlovent_program) makes the program test_link from tests/link/*.cpp and names it to CTest.
+function(marlovent_test name)
+  cmake_parse_arguments(TEST "" "" "DEPENDS;SOURCES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/${name}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(test_${name} ${sources} ${TEST_SOURCES})
+  target_include_directories(test_${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_link_libraries(test_${name} PRIVATE ${TEST_DEPENDS} GTest::gtest_main)
+  target_compile_definitions(test_${name} PRIVATE MARLOVENT_DATA="${CMAKE_SOURCE_DIR}/data")
+  add_test(NAME ${name} COMMAND test_${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()

@@ -1,0 +1,113 @@
+#include "platform/ini_file.h"
+
+#include "platform/text.h"
+
+namespace platform {
+
+namespace {
+
+constexpr std::size_t NotFound = std::string::npos;
+
+std::string_view TrimAll(std::string_view text) {
+    constexpr std::string_view Blanks = " \t";
+    const std::size_t first = text.find_first_not_of(Blanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+}
+
+// The name between the brackets of a section's line; nothing for any other line.
+std::optional<std::string_view> SectionName(std::string_view line) {
+    line = TrimAll(line);
+    if (line.empty() || line.front() != '[') return std::nullopt;
+    const std::size_t close = line.find(']');
+    if (close == std::string_view::npos) return std::nullopt;
+    return TrimAll(line.substr(1, close - 1));
+}
+
+bool IsKey(std::string_view line, std::string_view key) {
+    const std::size_t equals = line.find('=');
+    return equals != std::string_view::npos && EqualsIgnoringCase(TrimAll(line.substr(0, equals)), key);
+}
+
+std::string_view Unquoted(std::string_view value) {
+    const bool quoted =
+        value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front();
+    return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+}  // namespace
+
+IniText::IniText(std::string_view content) {
+    while (!content.empty()) {
+        const std::size_t end = content.find('\n');
+        std::string_view line = content.substr(0, end);
+        if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+        lines_.emplace_back(line);
+        content.remove_prefix(end == std::string_view::npos ? content.size() : end + 1);
+    }
+}
+
+std::size_t IniText::FindSection(std::string_view section) const {
+    for (std::size_t i = 0; i < lines_.size(); ++i) {
+        const auto name = SectionName(lines_[i]);
+        if (name && EqualsIgnoringCase(*name, section)) return i;
+    }
+    return NotFound;
+}
+
+std::size_t IniText::FindKey(std::string_view section, std::string_view key) const {
+    const std::size_t head = FindSection(section);
+    if (head == NotFound) return NotFound;
+    for (std::size_t i = head + 1; i < lines_.size() && !SectionName(lines_[i]); ++i) {
+        if (IsKey(lines_[i], key)) return i;
+    }
+    return NotFound;
+}
+
+std::optional<std::string> IniText::Get(std::string_view section, std::string_view key) const {
+    const std::size_t at = FindKey(section, key);
+    if (at == NotFound) return std::nullopt;
+    const std::string_view line = lines_[at];
+    return std::string(Unquoted(TrimAll(line.substr(line.find('=') + 1))));
+}
+
+void IniText::Set(std::string_view section, std::string_view key, std::string_view value) {
+    std::string line = std::string(key) + "=" + std::string(value);
+    const std::size_t at = FindKey(section, key);
+    if (at != NotFound) {
+        lines_[at] = std::move(line);
+        return;
+    }
+    const std::size_t head = FindSection(section);
+    if (head == NotFound) {
+        lines_.push_back("[" + std::string(section) + "]");
+        lines_.push_back(std::move(line));
+        return;
+    }
+    std::size_t end = head + 1;
+    while (end < lines_.size() && !SectionName(lines_[end])) ++end;
+    while (end > head + 1 && TrimAll(lines_[end - 1]).empty()) --end;
+    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(end), std::move(line));
+}
+
+std::string IniText::Content() const {
+    std::string out;
+    for (const std::string& line : lines_) out += line + "\r\n";
+    return out;
+}
+
+std::string GetPrivateProfileString(Files& files, std::string_view section, std::string_view key,
+                                    std::string_view otherwise, const Path& file) {
+    const auto content = files.Read(file);
+    if (!content) return std::string(otherwise);
+    return IniText(*content).Get(section, key).value_or(std::string(otherwise));
+}
+
+bool WritePrivateProfileString(Files& files, std::string_view section, std::string_view key, std::string_view value,
+                               const Path& file) {
+    IniText text(files.Read(file).value_or(std::string()));
+    text.Set(section, key, value);
+    return files.Write(file, text.Content());
+}
+
+}  // namespace platform

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace platform {
+
+// The text of a file of sections and keys: lines "[SECTION]" and "KEY=value". Section and key are compared whatever the
+// case of letters; the first of two equal keys counts. Any bytes are accepted: a line that is neither is kept and
+// ignored.
+class IniText {
+  public:
+    IniText() = default;
+    explicit IniText(std::string_view content);
+
+    // The value behind the key, blanks around it and one pair of quotes taken off; nothing when the key is missing.
+    std::optional<std::string> Get(std::string_view section, std::string_view key) const;
+    // Replaces the key's line, or adds it at the end of its section (which is made at the end of the file); every other
+    // line stays as it stands.
+    void Set(std::string_view section, std::string_view key, std::string_view value);
+    // The file's text, with CR LF behind each line.
+    std::string Content() const;
+
+  private:
+    std::size_t FindSection(std::string_view section) const;
+    std::size_t FindKey(std::string_view section, std::string_view key) const;
+
+    std::vector<std::string> lines_;
+};
+
+// The profile strings of an operating system: one read, one write. A missing or unreadable file gives the default; a
+// file that cannot be written answers false and nothing else happens.
+std::string GetPrivateProfileString(Files& files, std::string_view section, std::string_view key,
+                                    std::string_view otherwise, const Path& file);
+bool WritePrivateProfileString(Files& files, std::string_view section, std::string_view key, std::string_view value,
+                               const Path& file);
+
+}  // namespace platform

@@ -1,0 +1,1 @@
+// Keeps the room's library non-empty until its first source arrives.
