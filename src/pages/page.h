@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "pages/control.h"
+
+namespace pages {
+
+// A page: its controls in reading order, its keys, its focus. A page lives as long as the program; Opening resets it.
+class Page {
+  public:
+    explicit Page(std::string name) : name_(std::move(name)) {}
+    virtual ~Page() = default;
+    Page(const Page&) = delete;
+    Page& operator=(const Page&) = delete;
+
+    const std::string& Name() const { return name_; }
+    const std::string& Title() const { return title_; }
+    bool Enabled() const { return enabled_; }
+    bool IsOpen() const { return open_; }
+    bool Modal() const { return modal_; }
+    std::int64_t Version() const { return version_; }
+
+    void SetTitle(std::string title);
+    // A page is disabled while its own transaction runs.
+    void SetEnabled(bool enabled);
+
+    const std::vector<Control*>& Controls() const { return controls_; }
+    // The control of that name, compared to the letter; null when there is none.
+    Control* Find(std::string_view name) const;
+
+    Control* Focus() const { return focus_; }
+    void SetFocus(Control* control);
+    // The next control behind `from` that can take the focus, going round; null when none can.
+    Control* NextFocus(const Control* from) const;
+
+    // Keys of the page, for example F1 for the button that saves. A key works while its button is visible and enabled.
+    void BindKey(std::string key, Button& button) { keys_.push_back({std::move(key), &button}); }
+    Button* KeyButton(std::string_view key) const;
+
+    // What the window's close button does; without a handler the page just closes.
+    Control::Handler onClose;
+
+  protected:
+    // Called when the page is put on the stack, before it is shown.
+    virtual void Opening() {}
+    // Called when it has been taken off, whoever did it.
+    virtual void Closed() {}
+
+  private:
+    friend class Control;
+    friend class PageStack;
+    struct KeyRow {
+        std::string key;
+        Button* button;
+    };
+
+    void Add(Control& control) { controls_.push_back(&control); }
+    void Touch() { ++version_; }
+
+    std::string name_;
+    std::string title_;
+    bool enabled_ = true;
+    bool open_ = false;
+    bool modal_ = true;
+    std::int64_t version_ = 1;
+    std::vector<Control*> controls_;
+    std::vector<KeyRow> keys_;
+    Control* focus_ = nullptr;
+};
+
+}  // namespace pages

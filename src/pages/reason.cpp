@@ -1,0 +1,49 @@
+#include "pages/reason.h"
+
+#include <array>
+
+namespace pages {
+
+namespace {
+
+struct Row {
+    Reason reason;
+    std::string_view key;
+};
+
+constexpr std::array<Row, 23> Keys{{
+    {Reason::NoUnit, "NESSUNA_CENTRALINA"},
+    {Reason::Transaction, "TRANSAZIONE"},
+    {Reason::Calibration, "TARATURA"},
+    {Reason::Recording, "REGISTRAZIONE"},
+    {Reason::NoRecording, "NESSUNA_REGISTRAZIONE"},
+    {Reason::NothingChosen, "NIENTE_SCELTO"},
+    {Reason::Unchanged, "NON_MODIFICATO"},
+    {Reason::NotAvailable, "NON_DISPONIBILE"},
+    {Reason::PageDisabled, "PAGINA_DISABILITATA"},
+    {Reason::PageCovered, "PAGINA_COPERTA"},
+    {Reason::Hidden, "NASCOSTO"},
+    {Reason::Locked, "BLOCCATO"},
+    {Reason::LongOperation, "OPERAZIONE"},
+    {Reason::ViewInForce, "VISTA_ATTIVA"},
+    {Reason::FixedSpeed, "VELOCITA_FISSA"},
+    {Reason::ReadingFailed, "LETTURA_FALLITA"},
+    {Reason::BlankUnit, "CENTRALINA_VUOTA"},
+    {Reason::Closed, "CHIUSA"},
+    {Reason::UnknownControl, "SCONOSCIUTO"},
+    {Reason::NoSuchEntry, "INDICE"},
+    {Reason::KeyDoesNothing, "TASTO"},
+    {Reason::OldProgram, "FIRMWARE_VECCHIO"},
+    {Reason::ValueRefused, "VALORE_RIFIUTATO"},
+}};
+
+}  // namespace
+
+std::string_view ReasonKey(Reason reason) {
+    for (const Row& row : Keys) {
+        if (row.reason == reason) return row.key;
+    }
+    return {};
+}
+
+}  // namespace pages
