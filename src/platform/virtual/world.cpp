@@ -94,7 +94,11 @@ std::unique_ptr<Timer> World::Make(int milliseconds) {
 }
 
 void World::After(std::int64_t delay, Action action) {
+    const bool fromOutside = driver_ != nullptr && !running_;
+    // "From now" means the real now, but nothing that is still to be run may fall behind it.
+    if (fromOutside) now_ = std::max(now_, std::min(driver_->Micros(), NextDue()));
     queue_.push({now_ + std::max<std::int64_t>(0, delay), sequence_++, std::move(action)});
+    if (fromOutside) driver_->Rearm();
 }
 
 std::int64_t World::NextDue() const {
@@ -102,12 +106,14 @@ std::int64_t World::NextDue() const {
 }
 
 void World::RunUntil(std::int64_t micros) {
+    running_ = true;
     while (!queue_.empty() && queue_.top().due <= micros) {
         Entry entry = queue_.top();
         queue_.pop();
         now_ = std::max(now_, entry.due);
         entry.action();
     }
+    running_ = false;
     now_ = std::max(now_, micros);
 }
 

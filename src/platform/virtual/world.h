@@ -20,6 +20,14 @@ class World : public Clock, public Timers {
     using Action = std::function<void()>;
     static constexpr std::int64_t Never = INT64_MAX;
 
+    // Lets the world keep pace with a real clock. It is asked only about what enters the queue between two runs.
+    class Driver {
+      public:
+        virtual ~Driver() = default;
+        virtual std::int64_t Micros() const = 0;  // the real clock's reading, on the world's own scale
+        virtual void Rearm() = 0;                 // NextDue may have changed
+    };
+
     World() = default;
     World(const World&) = delete;
     World& operator=(const World&) = delete;
@@ -30,6 +38,7 @@ class World : public Clock, public Timers {
     void SetStart(const WallTime& start) { start_ = start; }
 
     std::unique_ptr<Timer> Make(int milliseconds) override;
+    void SetDriver(Driver* driver) { driver_ = driver; }  // nullptr: none
 
     // Puts an action into the queue, `delay` microseconds from now (at least 0).
     void After(std::int64_t delay, Action action);
@@ -53,6 +62,8 @@ class World : public Clock, public Timers {
 
     std::int64_t now_ = 0;
     std::int64_t sequence_ = 0;
+    Driver* driver_ = nullptr;
+    bool running_ = false;
     WallTime start_{2026, 1, 5, 8, 0, 0, 0};
     std::priority_queue<Entry, std::vector<Entry>, Later> queue_;
 };

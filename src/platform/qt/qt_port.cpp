@@ -1,0 +1,161 @@
+#include "platform/qt/qt_port.h"
+
+#include <array>
+
+namespace platform::qt {
+
+namespace {
+
+constexpr qint64 KeptUnsent = 64 * 1024;
+
+struct ParityRow {
+    char letter;
+    QSerialPort::Parity parity;
+};
+constexpr std::array<ParityRow, 3> Parities{{
+    {'N', QSerialPort::NoParity},
+    {'E', QSerialPort::EvenParity},
+    {'O', QSerialPort::OddParity},
+}};
+
+struct StopBitsRow {
+    int halves;
+    QSerialPort::StopBits stopBits;
+};
+constexpr std::array<StopBitsRow, 3> AllStopBits{{
+    {2, QSerialPort::OneStop},
+    {3, QSerialPort::OneAndHalfStop},
+    {4, QSerialPort::TwoStop},
+}};
+
+QSerialPort::Parity ParityOf(char letter) {
+    for (const ParityRow& row : Parities) {
+        if (row.letter == letter) return row.parity;
+    }
+    return QSerialPort::NoParity;
+}
+
+QSerialPort::StopBits StopBitsOf(int halves) {
+    for (const StopBitsRow& row : AllStopBits) {
+        if (row.halves == halves) return row.stopBits;
+    }
+    return QSerialPort::OneStop;
+}
+
+// After these the descriptor is of no more use: a cable pulled out shows as any of them, by driver and system.
+bool IsLoss(QSerialPort::SerialPortError error) {
+    switch (error) {
+        case QSerialPort::ResourceError:
+        case QSerialPort::ReadError:
+        case QSerialPort::WriteError:
+        case QSerialPort::DeviceNotFoundError:
+        case QSerialPort::PermissionError:
+        case QSerialPort::UnknownError:
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+QtPort::QtPort(const AfterEvent& after, int retryMillis) : after_(after) {
+    // The port reports a failure in the middle of its own work, where it cannot be closed.
+    loss_.setInterval(0);
+    loss_.setSingleShot(true);
+    retry_.setInterval(retryMillis);
+    QObject::connect(&loss_, &QTimer::timeout, &port_, [this] { Vanish(); });
+    QObject::connect(&retry_, &QTimer::timeout, &port_, [this] { LookForReturn(); });
+    QObject::connect(&port_, &QSerialPort::readyRead, &port_, [this] { Receive(); });
+    QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
+                     [this](QSerialPort::SerialPortError error) { Fail(error); });
+}
+
+QtPort::~QtPort() {
+    event_ = nullptr;
+    Close();
+}
+
+bool QtPort::SetSettings(std::string_view settings) {
+    if (!ReadLineSettings(settings, lineSettings_)) return false;
+    settings_ = settings;
+    return true;
+}
+
+bool QtPort::Open() {
+    Close();
+    if (settings_.empty() || device_.empty()) return false;
+    open_ = OpenDevice();
+    return open_;
+}
+
+void QtPort::Close() {
+    open_ = false;
+    loss_.stop();
+    retry_.stop();
+    CloseDevice();
+    received_.clear();
+}
+
+std::string QtPort::Input() {
+    std::string out;
+    out.swap(received_);
+    return out;
+}
+
+bool QtPort::Output(std::string_view bytes) {
+    if (!open_ || !port_.isOpen() || port_.bytesToWrite() > KeptUnsent) return false;
+    const auto size = static_cast<qint64>(bytes.size());
+    return port_.write(bytes.data(), size) == size;
+}
+
+void QtPort::ClearInput() {
+    received_.clear();
+    if (port_.isOpen()) port_.clear(QSerialPort::Input);
+}
+
+bool QtPort::OpenDevice() {
+    port_.setPortName(QString::fromStdString(device_));
+    port_.setBaudRate(static_cast<qint32>(lineSettings_.baud));
+    port_.setParity(ParityOf(lineSettings_.parity));
+    port_.setDataBits(static_cast<QSerialPort::DataBits>(lineSettings_.dataBits));
+    port_.setStopBits(StopBitsOf(lineSettings_.halfStopBits));
+    port_.setFlowControl(QSerialPort::NoFlowControl);
+    if (!port_.open(QIODevice::ReadWrite)) return false;
+    port_.clear();  // what a line has gathered while nobody listened is no answer to anything
+    return true;
+}
+
+void QtPort::CloseDevice() {
+    if (!port_.isOpen()) return;
+    port_.clear();  // some drivers let closing wait until all is sent
+    port_.close();
+}
+
+void QtPort::Receive() {
+    const QByteArray bytes = port_.readAll();
+    if (!open_ || bytes.isEmpty()) return;
+    received_.append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    const Event event = event_;
+    if (event) event(EventReceived);
+    after_.Run();
+}
+
+void QtPort::Fail(QSerialPort::SerialPortError error) {
+    if (!open_ || !port_.isOpen() || !IsLoss(error)) return;
+    loss_.start();
+}
+
+void QtPort::Vanish() {
+    Receive();
+    if (!open_) return;  // whoever got the last bytes may have closed the port
+    CloseDevice();
+    loss_.stop();  // closing a dead device fails once more
+    retry_.start();
+}
+
+void QtPort::LookForReturn() {
+    if (OpenDevice()) retry_.stop();
+}
+
+}  // namespace platform::qt
