@@ -11,6 +11,7 @@ struct Row {
     std::string_view key;
 };
 
+// texts of MOTIVI
 constexpr std::array<Row, 23> Keys{{
     {Reason::NoUnit, "NESSUNA_CENTRALINA"},
     {Reason::Transaction, "TRANSAZIONE"},
