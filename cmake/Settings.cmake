@@ -16,6 +16,14 @@ endif()
 
 if(NOT MSVC)
   add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # g++ 12 takes a text put in front of a std::string for overlapping memory once it optimises (its bug 105651).
+    add_compile_options(-Wno-restrict)
+  endif()
+  if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    # A program without windows is not to load the libraries of those with.
+    add_link_options(-Wl,--as-needed)
+  endif()
   if(MARLOVENT_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
