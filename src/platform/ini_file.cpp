@@ -7,6 +7,7 @@ namespace platform {
 namespace {
 
 constexpr std::size_t NotFound = std::string::npos;
+constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";  // some editors put it in front of the first line
 
 std::string_view TrimAll(std::string_view text) {
     constexpr std::string_view Blanks = " \t";
@@ -17,6 +18,7 @@ std::string_view TrimAll(std::string_view text) {
 
 // The name between the brackets of a section's line; nothing for any other line.
 std::optional<std::string_view> SectionName(std::string_view line) {
+    if (line.starts_with(Utf8Mark)) line.remove_prefix(Utf8Mark.size());
     line = TrimAll(line);
     if (line.empty() || line.front() != '[') return std::nullopt;
     const std::size_t close = line.find(']');
@@ -105,7 +107,10 @@ std::string GetPrivateProfileString(Files& files, std::string_view section, std:
 
 bool WritePrivateProfileString(Files& files, std::string_view section, std::string_view key, std::string_view value,
                                const Path& file) {
-    IniText text(files.Read(file).value_or(std::string()));
+    const auto content = files.Read(file, Files::DefaultLimit + 1);
+    const bool whole = content ? content->size() <= Files::DefaultLimit : !files.Exists(file);
+    if (!whole) return false;
+    IniText text(content.value_or(std::string()));
     text.Set(section, key, value);
     return files.Write(file, text.Content());
 }

@@ -33,7 +33,7 @@ class IniText {
 };
 
 // The profile strings of an operating system: one read, one write. A missing or unreadable file gives the default; a
-// file that cannot be written answers false and nothing else happens.
+// file that cannot be written, or not be read whole first, answers false and stays as it is.
 std::string GetPrivateProfileString(Files& files, std::string_view section, std::string_view key,
                                     std::string_view otherwise, const Path& file);
 bool WritePrivateProfileString(Files& files, std::string_view section, std::string_view key, std::string_view value,

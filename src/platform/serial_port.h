@@ -20,7 +20,7 @@ class SerialPort {
     // The device that Open will take, for example "/dev/ttyUSB0" or "COM3".
     virtual void SetDevice(const std::string& device) = 0;
     virtual std::string Device() const = 0;
-    // "38400,N,8,1": speed, parity letter N, E or O, data bits 7 or 8, stop bits 1, 1.5 or 2. Anything else, also a
+    // "38400,N,8,1": speed, parity letter N, E or O, data bits 5 to 8, stop bits 1, 1.5 or 2. Anything else, also a
     // text that lacks a field, is refused and leaves the settings as they were.
     virtual bool SetSettings(std::string_view settings) = 0;
     virtual std::string Settings() const = 0;

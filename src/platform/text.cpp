@@ -40,23 +40,46 @@ void AppendUtf8(std::string& out, char32_t code) {
     }
 }
 
-// Reads one character at `at` and moves behind it; false when the bytes are no UTF-8.
-bool ReadUtf8(std::string_view text, std::size_t& at, char32_t& code) {
-    const auto first = static_cast<unsigned char>(text[at]);
-    const int more = first < 0x80                    ? 0
-                     : first >= 0xF0 && first < 0xF8 ? 3
-                     : first >= 0xE0 && first < 0xF0 ? 2
-                     : first >= 0xC2 && first < 0xE0 ? 1
-                                                     : -1;
-    if (more < 0 || at + static_cast<std::size_t>(more) >= text.size()) return false;
-    code = more == 0 ? first : first & (0x3FU >> more);
-    for (int i = 1; i <= more; ++i) {
-        const auto next = static_cast<unsigned char>(text[at + static_cast<std::size_t>(i)]);
+// The forms of a character in UTF-8: how its first byte is marked, how many bytes follow, and the smallest character
+// that needs that many.
+struct Utf8Form {
+    unsigned mask;
+    unsigned mark;
+    std::size_t more;
+    char32_t smallest;
+};
+constexpr std::array<Utf8Form, 4> Utf8Forms{{
+    {0x80, 0x00, 0, 0},
+    {0xE0, 0xC0, 1, 0x80},
+    {0xF0, 0xE0, 2, 0x800},
+    {0xF8, 0xF0, 3, 0x10000},
+}};
+constexpr char32_t FirstSurrogate = 0xD800;
+constexpr char32_t LastSurrogate = 0xDFFF;
+constexpr char32_t LastCharacter = 0x10FFFF;
+
+bool ReadForm(const Utf8Form& form, std::string_view bytes, char32_t& code) {
+    if (bytes.size() <= form.more) return false;
+    code = static_cast<unsigned char>(bytes[0]) & ~form.mask & 0xFFU;
+    for (const char c : bytes.substr(1, form.more)) {
+        const auto next = static_cast<unsigned char>(c);
         if ((next & 0xC0U) != 0x80U) return false;
         code = (code << 6) | (next & 0x3FU);
     }
-    at += static_cast<std::size_t>(more) + 1;
-    return true;
+    const bool half = code >= FirstSurrogate && code <= LastSurrogate;
+    return code >= form.smallest && code <= LastCharacter && !half;
+}
+
+// Reads one character at `at` and moves behind it; false when the bytes are no UTF-8.
+bool ReadUtf8(std::string_view text, std::size_t& at, char32_t& code) {
+    const unsigned first = static_cast<unsigned char>(text[at]);
+    for (const Utf8Form& form : Utf8Forms) {
+        if ((first & form.mask) != form.mark) continue;
+        if (!ReadForm(form, text.substr(at), code)) return false;
+        at += form.more + 1;
+        return true;
+    }
+    return false;
 }
 
 char UpperLetter(char c) {
