@@ -44,7 +44,7 @@ struct Drive {
 };
 
 // Where in the map the control stands.
-enum class Zone : std::uint8_t { Idle = 1, Normal = 2, FullLoad = 3, CutOff = 4, Transient = 5, Release = 6 };
+enum class Zone : std::uint8_t { Idle = 1, Normal = 2, FullLoad = 3, CutOff = 4, OverSpeed = 5, Transient = 6 };
 
 // What the unit measures and shows. Counts are those of its converter, 0 to 1023.
 struct Readings {
