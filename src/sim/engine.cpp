@@ -200,32 +200,36 @@ void Engine::ChooseFuel(std::int64_t now) {
 }
 
 void Engine::ChooseZone(std::int64_t now) {
-    const double shown = Revolutions();
-    const int in = Cell(live::IdleIn, UsualIdleIn);
-    const int out = std::max(in, Cell(live::IdleOut, UsualIdleOut));
-    const double counts = PressureCounts();
-    const int full = Cell(live::FullLoadIn, CountsMax + 1);
-    if (throttleRate_ > TransientRate) transientUntil_ = now + TransientMicros;
-
-    const bool closed = throttle_ < 1;
-    const bool wasIdle = zone_ == Zone::Idle;
-    const bool wasCutOff = zone_ == Zone::CutOff;
-    const bool wasFull = zone_ == Zone::FullLoad;
-    if (closed &&
-        shown > Cell(wasCutOff ? live::CutOffOut : live::CutOffIn, wasCutOff ? UsualCutOffOut : UsualCutOffIn)) {
+    if (std::abs(throttleRate_) > TransientRate) transientUntil_ = now + TransientMicros;
+    if (overSpeed_) {
+        zone_ = Zone::OverSpeed;
+    } else if (throttle_ < 1 && Beyond(Zone::CutOff, Revolutions(), Cell(live::CutOffIn, UsualCutOffIn),
+                                       Cell(live::CutOffOut, UsualCutOffOut))) {
         zone_ = Zone::CutOff;
-    } else if (shown < (wasIdle ? out : in)) {
+    } else if (Idling()) {
         zone_ = Zone::Idle;
-    } else if (counts > (wasFull ? Cell(live::FullLoadOut, full) : full) &&
-               shown > Cell(live::FullLoadRevolutions, 0)) {
+    } else if (FullyLoaded()) {
         zone_ = Zone::FullLoad;
-    } else if (now < transientUntil_) {
-        zone_ = Zone::Transient;
-    } else if (throttleRate_ < -TransientRate) {
-        zone_ = Zone::Release;
     } else {
-        zone_ = Zone::Normal;
+        zone_ = now < transientUntil_ ? Zone::Transient : Zone::Normal;
     }
+}
+
+// Whether a value has passed the threshold into a zone, or, within the zone, not yet the one out of it.
+bool Engine::Beyond(Zone zone, double value, double in, double out) const {
+    return value > (zone_ == zone ? out : in);
+}
+
+bool Engine::Idling() const {
+    const double in = Cell(live::IdleIn, UsualIdleIn);
+    const double out = std::max(in, static_cast<double>(Cell(live::IdleOut, UsualIdleOut)));
+    return Revolutions() < (zone_ == Zone::Idle ? out : in);
+}
+
+bool Engine::FullyLoaded() const {
+    const int in = Cell(live::FullLoadIn, CountsMax + 1);
+    return Beyond(Zone::FullLoad, PressureCounts(), in, Cell(live::FullLoadOut, in)) &&
+           Revolutions() > Cell(live::FullLoadRevolutions, 0);
 }
 
 double Engine::Revolutions() const {

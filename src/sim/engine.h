@@ -92,6 +92,9 @@ class Engine {
     void Control();
     void Probe(std::int64_t now);
 
+    bool Beyond(Zone zone, double value, double in, double out) const;
+    bool Idling() const;
+    bool FullyLoaded() const;
     int Cell(int address, int usual) const;      // a word of the working memory
     int ByteCell(int address, int usual) const;  // a byte
     double MapAt(double rpm, double counts, int& cell) const;
