@@ -38,6 +38,9 @@ void Control::SetMaxLength(std::size_t length) {
 void Control::SetItems(std::vector<std::string> items) {
     Assign(items_, std::move(items));
 }
+void Control::SetDetails(std::vector<std::string> details) {
+    Assign(details_, std::move(details));
+}
 void Control::SetSelection(std::vector<int> selection) {
     Assign(selection_, std::move(selection));
 }

@@ -46,6 +46,8 @@ class Control {
     bool Selected() const { return !selection_.empty(); }  // of an option or a check: it is on
     std::size_t MaxLength() const { return maxLength_; }   // 0: no limit
     const std::vector<std::string>& Items() const { return items_; }
+    // A remark beside each entry of a list, in the same order; may be empty.
+    const std::vector<std::string>& Details() const { return details_; }
     int Index() const { return selection_.empty() ? -1 : selection_.front(); }  // chosen entry, or a picture's cell
     const std::vector<int>& Selection() const { return selection_; }
     bool Multiple() const { return multiple_; }
@@ -66,6 +68,7 @@ class Control {
     void SetLocked(bool locked);
     void SetMaxLength(std::size_t length);
     void SetItems(std::vector<std::string> items);
+    void SetDetails(std::vector<std::string> details);
     void SetIndex(int index);  // -1: nothing chosen
     void SetSelection(std::vector<int> selection);
     void SetSelected(bool on) { SetIndex(on ? 0 : -1); }
@@ -104,6 +107,7 @@ class Control {
     bool locked_ = false;
     std::size_t maxLength_ = 0;
     std::vector<std::string> items_;
+    std::vector<std::string> details_;
     std::vector<int> selection_;
     bool multiple_ = false;
     Cells cells_;

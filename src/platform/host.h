@@ -2,6 +2,7 @@
 
 #include "platform/clock.h"
 #include "platform/files.h"
+#include "platform/instance.h"
 #include "platform/port_probe.h"
 #include "platform/serial_port.h"
 #include "platform/sound.h"
@@ -17,6 +18,7 @@ struct Host {
     PortProbe& probe;
     Files& files;
     Sound& sound;
+    Instance& instance;
 };
 
 }  // namespace platform

@@ -15,6 +15,12 @@ class CountedSound : public Sound {
     int beeps = 0;
 };
 
+class FixedInstance : public Instance {
+  public:
+    Claim TryClaim(const std::filesystem::path&) override { return answer; }
+    Claim answer = Claim::Mine;
+};
+
 class FixedProbe : public PortProbe {
   public:
     PortFacts Look(const std::string&) override { return facts; }
@@ -26,13 +32,14 @@ class FixedProbe : public PortProbe {
 struct VirtualHost {
     explicit VirtualHost(Files& realFiles) : files(realFiles) {}
 
-    Host Get() { return {world, world, line.Port(), probe, files, sound}; }
+    Host Get() { return {world, world, line.Port(), probe, files, sound, instance}; }
 
     World world;
     Line line{world};
     FixedProbe probe;
     FaultyFiles files;
     CountedSound sound;
+    FixedInstance instance;
 };
 
 }  // namespace platform::virt

@@ -1,0 +1,134 @@
+#include "shell/settings.h"
+
+#include <array>
+
+#include "link/frames/numbers.h"
+#include "platform/ini_file.h"
+#include "platform/text.h"
+#include "shell/shell.h"
+
+namespace shell {
+
+namespace {
+
+constexpr const char* MarloName = "MARLO.INI";
+constexpr const char* ConfigName = "CONFIG.INI";
+constexpr const char* Serial = "SERIALE";
+constexpr const char* LanguageExtension = ".LNG";
+
+struct SerialRow {
+    const char* key;
+    const char* readDefault;
+    const char* writtenDefault;
+    std::size_t width;  // the text is kept cut to it
+    std::string SerialTexts::*text;
+};
+
+// The two defaults differ on purpose: only a missing file gives a set that works.
+constexpr std::array<SerialRow, 5> SerialRows{{
+    {"COM", "COM1", "COM1", 5, &SerialTexts::port},
+    {"BAUD_RATE", "19200", "38400", 5, &SerialTexts::baud},
+    {"PARITA", "N", "Nessuna", 7, &SerialTexts::parity},
+    {"BIT_DATI", "8", "8", 5, &SerialTexts::dataBits},
+    {"BIT_STOP", "1", "1", 5, &SerialTexts::stopBits},
+}};
+
+struct ChartRow {
+    const char* section;
+    const char* key;
+    const char* value;
+};
+
+// Engine speed, throttle, lambda and second pressure are on the chart until the fitter chooses others.
+constexpr std::array<ChartRow, 5> ChartDefaults{{
+    {"GRAFICI", "Grafico_1", "0"},
+    {"GRAFICI", "Grafico_2", "2"},
+    {"GRAFICI", "Grafico_3", "1"},
+    {"GRAFICI", "Grafico_4", "4"},
+    {"SCHEMI", "Directory", ""},
+}};
+
+platform::Path File(const Shell& shell, const char* name) {
+    return shell.options.folder / name;
+}
+
+std::string Stem(const std::string& fileName) {
+    return fileName.substr(0, fileName.rfind('.'));
+}
+
+}  // namespace
+
+std::string ReadMarlo(Shell& shell, const char* section, const char* key, const char* otherwise) {
+    return platform::GetPrivateProfileString(shell.host.files, section, key, otherwise, File(shell, MarloName));
+}
+
+bool WriteMarlo(Shell& shell, const char* section, const char* key, const std::string& value) {
+    return platform::WritePrivateProfileString(shell.host.files, section, key, value, File(shell, MarloName));
+}
+
+bool MarloExists(Shell& shell) {
+    return shell.host.files.Exists(File(shell, MarloName));
+}
+
+void LeggiLingua(Shell& shell) {
+    State& state = shell.state;
+    state.Lingua = ReadMarlo(shell, "IMPOSTAZIONI", "Lingua", "INGLESE");
+    // A name that is no plain file name could reach outside the folder.
+    const bool plain = state.Lingua.find_first_of("/\\:") == std::string::npos;
+    if (!plain || !shell.host.files.Exists(shell.FileInFolder(state.Lingua + LanguageExtension))) {
+        const auto names = shell.host.files.List(shell.options.folder, LanguageExtension);
+        state.Lingua = names.empty() ? "ITALIANO" : Stem(names.front());
+    }
+    const std::string computer = ReadMarlo(shell, "IMPOSTAZIONI", "Computer", "1");
+    const double kind = frames::ValoreNum(computer);
+    const bool legal = frames::IsNumeric(computer) && (kind == 0 || kind == 1);
+    state.TipoComputer = legal ? static_cast<int>(kind) : 1;
+    if (!legal) WriteMarlo(shell, "IMPOSTAZIONI", "Computer", "1");
+}
+
+void LeggiSeriale(Shell& shell) {
+    const platform::Path file = File(shell, ConfigName);
+    if (!shell.host.files.Exists(file)) {
+        platform::IniText text;
+        for (const SerialRow& row : SerialRows) text.Set(Serial, row.key, row.writtenDefault);
+        shell.host.files.Write(file, text.Content());
+    }
+    for (const SerialRow& row : SerialRows) {
+        const std::string value =
+            platform::GetPrivateProfileString(shell.host.files, Serial, row.key, row.readDefault, file);
+        shell.state.serial.*row.text = value.substr(0, row.width);
+    }
+}
+
+void LeggiRisoluzione(Shell& shell) {
+    shell.state.RisoluzionePiena = shell.state.VarianteAVX;
+    const std::string value = ReadMarlo(shell, "RISOLUZIONE", "Risoluzione", "1");
+    if (frames::IsNumeric(value)) shell.state.RisoluzionePiena = Flag(frames::ValoreNum(value) == 0);
+}
+
+void WriteChartDefaults(Shell& shell) {
+    for (const ChartRow& row : ChartDefaults) WriteMarlo(shell, row.section, row.key, row.value);
+}
+
+std::string DeviceOfPort(Shell& shell, int port) {
+    const auto given = shell.options.ports.find(port);
+    if (given != shell.options.ports.end()) return given->second;
+    const std::string name = "COM" + std::to_string(port);
+#ifdef _WIN32
+    const std::string own = name;
+#else
+    const std::string own = "/dev/ttyS" + std::to_string(port - 1);
+#endif
+    return platform::ToUtf8(ReadMarlo(shell, "PORTE", name.c_str(), own.c_str()));
+}
+
+int PortNumber(const Shell& shell) {
+    constexpr std::size_t Prefix = 3;  // "COM"
+    constexpr double Highest = 32767;
+    const std::string& port = shell.state.serial.port;
+    const double number =
+        frames::ValoreNum(port.size() > Prefix ? std::string_view(port).substr(Prefix) : std::string_view());
+    return number >= 1 && number <= Highest ? static_cast<int>(number) : 0;
+}
+
+}  // namespace shell

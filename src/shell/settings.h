@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+namespace shell {
+
+struct Shell;
+
+// The reads of CONFIG.INI and MARLO.INI; what is missing or unreadable gives the stated default, never a failure.
+
+// Language and kind of computer. A kind that is not exactly 0 or 1 becomes 1 and is written back.
+void LeggiLingua(Shell& shell);
+// The line's texts; a missing CONFIG.INI is first written with the working set COM1, 38400, none, 8, 1.
+void LeggiSeriale(Shell& shell);
+// Full or reduced display of raw figures; the build's variant decides where the text is no number.
+void LeggiRisoluzione(Shell& shell);
+// The chart keys and the scheme folder, written when MARLO.INI did not exist at the start of the program.
+void WriteChartDefaults(Shell& shell);
+
+std::string ReadMarlo(Shell& shell, const char* section, const char* key, const char* otherwise);
+bool WriteMarlo(Shell& shell, const char* section, const char* key, const std::string& value);
+bool MarloExists(Shell& shell);
+
+// Highest number of a port that can be chosen.
+inline constexpr int Ports = 10;
+// The device behind a port number: of the command line, else of section PORTE, else the system's own name.
+std::string DeviceOfPort(Shell& shell, int port);
+// The number in the stored port text ("COM3" gives 3); 0 when there is none.
+int PortNumber(const Shell& shell);
+
+}  // namespace shell
