@@ -123,23 +123,35 @@ void Messaggio::Closed() {
 }
 
 SystemMessage::SystemMessage(Shell& owner) : Page("SystemMessage"), shell_(owner) {
-    OK.onPress = [this] {
-        const std::function<void()> then = std::move(then_);
-        then_ = {};
-        shell_.stack.ClosePage(*this);
-        if (then) then();
-    };
+    OK.onPress = [this] { Answered(); };
     BindKey("Esc", OK);
     onClose = OK.onPress;
 }
 
 void SystemMessage::Show(const std::string& title, const std::string& text, std::function<void()> then) {
-    then_ = std::move(then);
-    SetTitle(title);
-    Title.SetText(title);
-    Text.SetText(text);
-    OK.SetText("OK");
+    waiting_.push_back({title, text, std::move(then)});
+    if (waiting_.size() == 1) Present();
+}
+
+void SystemMessage::Present() {
+    const Box& box = waiting_.front();
     shell_.stack.OpenPage(*this, true);
+    SetTitle(box.title);
+    Title.SetText(box.title);
+    Text.SetText(box.text);
+    OK.SetText("OK");
+}
+
+void SystemMessage::Answered() {
+    if (waiting_.empty()) return;
+    std::deque<Box> rest;
+    rest.swap(waiting_);
+    const std::function<void()> then = std::move(rest.front().then);
+    rest.pop_front();
+    shell_.stack.ClosePage(*this);
+    waiting_ = std::move(rest);
+    if (!waiting_.empty()) Present();
+    if (then) then();
 }
 
 void MostraMessaggio(Shell& shell, const std::string& titolo, const std::string& testo, int stile, Then then) {

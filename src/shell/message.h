@@ -75,11 +75,23 @@ struct SystemMessage : pages::Page {
     pages::Label Text{*this, "Text"};
     pages::Button OK{*this, "OK"};
 
+    // One box at a time: a further one waits until the one on the screen is answered.
     void Show(const std::string& title, const std::string& text, std::function<void()> then = {});
 
+  protected:
+    void Closed() override { waiting_.clear(); }
+
   private:
+    struct Box {
+        std::string title;
+        std::string text;
+        std::function<void()> then;
+    };
+    void Present();
+    void Answered();
+
     Shell& shell_;
-    std::function<void()> then_;
+    std::deque<Box> waiting_;
 };
 
 // Opens the message page and returns; the answer, one of the buttons of the style, arrives in `then` (may be empty).

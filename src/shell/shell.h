@@ -23,6 +23,9 @@ struct Hooks {
     std::function<void()> End;                // the front end ends its event loop
 };
 
+// What is wrong with the program directory; told once, when the texts are there.
+enum class FolderTrouble { None, Unwritable, Incomplete };
+
 // The application's frame: the machine, the texts, the pages, the menus. One object, owned by the program.
 struct Shell {
     Shell(const platform::Host& machine, Options given);
@@ -36,6 +39,7 @@ struct Shell {
     pages::PageStack stack;
     Commands commands;
     Hooks hooks;
+    FolderTrouble folderTrouble = FolderTrouble::None;
 
     Marlovent main{*this};
     Messaggio messaggio{*this};

@@ -1,0 +1,50 @@
+#include "link/catalogue.h"
+
+#include <array>
+
+namespace eculink {
+
+namespace {
+
+// Silence in every state beeps, unless nobody waits for the end of the exchange. The watchdog on the stream comes back
+// as it was; pages that live beside the running engine switch it on, a recognition leaves it to the next live frame.
+constexpr auto Reactions = std::to_array<ReactionRow>({
+    {TimeOut::None, false, Watchdog::Restored}, {TimeOut::A, true, Watchdog::Restored},
+    {TimeOut::B, true, Watchdog::Restored},     {TimeOut::C, true, Watchdog::Restored},
+    {TimeOut::D, true, Watchdog::Restored},     {TimeOut::D2, true, Watchdog::On},
+    {TimeOut::E, true, Watchdog::Off},          {TimeOut::F, true, Watchdog::Restored},
+    {TimeOut::F2, true, Watchdog::Restored},    {TimeOut::F3, true, Watchdog::Restored},
+    {TimeOut::G, true, Watchdog::On},           {TimeOut::H, true, Watchdog::On},
+    {TimeOut::I, true, Watchdog::On},           {TimeOut::J, true, Watchdog::Restored},
+    {TimeOut::K, true, Watchdog::Restored},     {TimeOut::K2, true, Watchdog::Restored},
+    {TimeOut::L, true, Watchdog::Restored},     {TimeOut::M, true, Watchdog::Restored},
+    {TimeOut::N, true, Watchdog::Restored},     {TimeOut::P, true, Watchdog::On},
+    {TimeOut::Q, true, Watchdog::Restored},     {TimeOut::R, true, Watchdog::Restored},
+    {TimeOut::R2, true, Watchdog::Restored},    {TimeOut::S, true, Watchdog::Restored},
+    {TimeOut::S2, true, Watchdog::Restored},    {TimeOut::S3, true, Watchdog::Restored},
+    {TimeOut::T, true, Watchdog::Restored},     {TimeOut::T2, true, Watchdog::Restored},
+    {TimeOut::T3, false, Watchdog::Restored},   {TimeOut::T4, false, Watchdog::Restored},
+    {TimeOut::U, true, Watchdog::Restored},     {TimeOut::U2, true, Watchdog::Restored},
+    {TimeOut::V, true, Watchdog::Restored},     {TimeOut::W, true, Watchdog::Restored},
+    {TimeOut::X, false, Watchdog::Restored},
+});
+
+}  // namespace
+
+const ReactionRow& ReactionOf(TimeOut letter) {
+    for (const ReactionRow& row : Reactions) {
+        if (row.letter == letter) return row;
+    }
+    return Reactions.front();
+}
+
+void Catalogue::Add(const StateRow& row, ReplyHandler reply, RefusalHandler refused, TimeOutHandler timeOut) {
+    rows_[row.state] = Entry{row, std::move(reply), std::move(refused), std::move(timeOut)};
+}
+
+const Catalogue::Entry* Catalogue::Find(int state) const {
+    const auto found = rows_.find(state);
+    return found == rows_.end() ? nullptr : &found->second;
+}
+
+}  // namespace eculink

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+namespace eculink {
+
+struct Link;
+
+// Opens the port as the settings say; 0 on success. A failure beeps, shows the system's message box and leaves the port
+// shut.
+int ApriPorta(Link& link);
+// The same without a word, when the device of a port that failed has come.
+bool OpenPort(Link& link);
+// The port's event: what has arrived joins the receive buffer.
+void Received(Link& link);
+// Takes at most one frame out of the buffer and hands it on.
+void EstraiFrame(Link& link);
+// A live frame, whole, STX and ETX included.
+void FrameDati(Link& link, const std::string& frame);
+
+// The superseding of live frames: with more than this waiting, a slow computer skips to the newest.
+inline constexpr std::size_t StaleLimit = 240;
+
+}  // namespace eculink

@@ -1,0 +1,171 @@
+#include "link/waiting.h"
+
+#include <array>
+#include <string>
+
+#include "link/link.h"
+#include "link/reception.h"
+#include "shell/settings.h"
+
+namespace eculink {
+
+namespace {
+
+using shell::Fill;
+
+constexpr std::int64_t FreshBytes = 3000;  // ms; older ones say nothing about the line now
+
+// Everything that the checks look at, gathered once.
+struct Facts {
+    platform::PortFacts port;
+    const Link& link;
+    std::int64_t silentFor;  // ms since the last byte
+};
+
+struct Check {
+    Obstacle obstacle;
+    int key;  // number of its three sentences in the section ATTESA
+    bool (*holds)(const Facts&);
+    std::string (*value1)(const Facts&);
+    std::string (*value2)(const Facts&);
+};
+
+std::string Device(const Facts& facts) {
+    return platform::FromUtf8(facts.link.shell.host.port.Device());
+}
+std::string Group(const Facts& facts) {
+    return facts.port.group;
+}
+std::string User(const Facts& facts) {
+    return facts.port.user;
+}
+std::string Holder(const Facts& facts) {
+    return facts.port.busyBy;
+}
+std::string Settings(const Facts& facts) {
+    const shell::SerialTexts& s = facts.link.shell.state.serial;
+    return s.baud + " " + s.parity + " " + s.dataBits + " " + s.stopBits;
+}
+std::string Bytes(const Facts& facts) {
+    return std::to_string(facts.link.state.bytesReceived);
+}
+std::string Unanswered(const Facts& facts) {
+    return std::to_string(facts.link.state.unanswered);
+}
+std::string SilentSeconds(const Facts& facts) {
+    return std::to_string(facts.silentFor / 1000);
+}
+
+bool Hears(const Facts& facts) {
+    return facts.link.state.bytesReceived > 0 && facts.silentFor < FreshBytes;
+}
+
+// In the order in which they hide each other.
+constexpr std::array<Check, 7> Checks{{
+    {Obstacle::PortAbsent, 0, [](const Facts& f) { return !f.port.present; }, Device, Device},
+    {Obstacle::NoRights, 1, [](const Facts& f) { return !f.port.permitted; }, Group, User},
+    {Obstacle::Busy, 2, [](const Facts& f) { return f.link.state.portFailed && !f.port.busyBy.empty(); }, Holder,
+     Device},
+    {Obstacle::NotOpened, 6, [](const Facts& f) { return f.link.state.portFailed; }, Device, Settings},
+    {Obstacle::Unanswered, 5, [](const Facts& f) { return f.link.state.unanswered > 0 && Hears(f); }, Unanswered,
+     Device},
+    {Obstacle::NoFrames, 4, [](const Facts& f) { return Hears(f) && f.link.state.framesReceived == 0; }, Bytes,
+     Settings},
+    {Obstacle::Silent, 3, [](const Facts& f) { return !Hears(f); }, SilentSeconds, Device},
+}};
+
+Facts Gather(const Link& link) {
+    const platform::SerialPort& port = link.shell.host.port;
+    return {link.shell.host.probe.Look(port.Device()), link, NowMs(link) - link.state.lastByteAt};
+}
+
+const Check* FirstThatHolds(const Facts& facts) {
+    for (const Check& check : Checks) {
+        if (check.holds(facts)) return &check;
+    }
+    return nullptr;
+}
+
+bool Waiting(const Link& link) {
+    return link.state.CentralinaDaRiconoscere == shell::True && link.state.StatoCmd == Idle;
+}
+
+std::string PortName(const Link& link) {
+    return "COM" + std::to_string(shell::PortNumber(link.shell));
+}
+
+// A port that failed works again, without a word, once its device has come.
+void OpenAgain(Link& link, const Facts& facts) {
+    if (link.state.portFailed && facts.port.present && facts.port.permitted && facts.port.busyBy.empty())
+        OpenPort(link);
+}
+
+void ShowCheck(Link& link, const Facts& facts) {
+    Grafici& page = link.grafici;
+    const Check* check = FirstThatHolds(facts);
+    const std::array<std::pair<pages::Label*, const char*>, 3> labels{
+        {{&page.AttesaCausa, "CAUSA."}, {&page.AttesaValore, "VALORE."}, {&page.AttesaRimedio, "RIMEDIO."}}};
+    for (const auto& [label, key] : labels) {
+        if (check == nullptr) {
+            label->SetText({});
+            continue;
+        }
+        const std::string& text = link.shell.TestoLingua(key + std::to_string(check->key), "ATTESA");
+        label->SetText(Fill(text, check->value1(facts), check->value2(facts)));
+    }
+}
+
+enum class Word { Waiting, Identifying, Reading, OldProgram, Ready, Command };
+constexpr std::array<const char*, 6> Words{"ATTESA.0", "RICONOSCE.0", "LEGGE.0", "VECCHIA.0", "PRONTA.0", "COMANDO.0"};
+
+Word WordOf(const Link& link) {
+    constexpr int Identification = 80;
+    constexpr int SecondArea = 89;
+    if (link.state.CentralinaDaRiconoscere == shell::True) return Word::Waiting;
+    if (link.state.StatoCmd == SecondArea) return Word::Reading;
+    if (link.state.StatoCmd == Identification) {
+        if (link.shell.state.FirmwareVecchio == shell::True && !link.timers.TimeOutComandi->Enabled())
+            return Word::OldProgram;
+        return link.state.VersioneECU.empty() ? Word::Identifying : Word::Reading;
+    }
+    return link.state.StatoCmd == Idle ? Word::Ready : Word::Command;
+}
+
+}  // namespace
+
+Obstacle FindObstacle(const Link& link) {
+    const Check* check = FirstThatHolds(Gather(link));
+    return check == nullptr ? Obstacle::None : check->obstacle;
+}
+
+void ShowWaiting(Link& link) {
+    if (!Waiting(link)) return;
+    const Facts facts = Gather(link);
+    OpenAgain(link, facts);
+    ShowCheck(link, facts);
+}
+
+void ShowLinkState(Link& link) {
+    Grafici& page = link.grafici;
+    const bool waiting = Waiting(link);
+    if (waiting != page.Attesa.Visible() || link.state.shownPort != link.shell.state.serial.port) {
+        link.state.shownPort = link.shell.state.serial.port;
+        page.Attesa.SetText(Fill(link.shell.TestoLingua("TITOLO.1", "ATTESA"), PortName(link),
+                                 platform::FromUtf8(link.shell.host.port.Device())));
+        for (pages::Label* label : {&page.Attesa, &page.AttesaCausa, &page.AttesaValore, &page.AttesaRimedio}) {
+            label->SetVisible(waiting);
+        }
+    }
+    const Word word = WordOf(link);
+    const int index = static_cast<int>(word);
+    if (index == link.state.shownWord) return;
+    link.state.shownWord = index;
+    link.shell.main.Collegamento.SetText(link.shell.TestoLingua(Words[static_cast<std::size_t>(index)], "STATO") +
+                                         "  " + PortName(link));
+    link.shell.main.Versione.SetText(link.state.VersioneECU.empty()
+                                         ? std::string()
+                                         : Fill(link.shell.TestoLingua("VERSIONE.0", "STATO"), link.state.VersioneECU));
+    if (word == Word::Waiting) ShowWaiting(link);
+}
+
+}  // namespace eculink

@@ -1,0 +1,143 @@
+#include "program/start.h"
+
+#include <array>
+
+#include "link/reception.h"
+#include "program/folder.h"
+#include "program/program.h"
+#include "shell/settings.h"
+
+namespace program {
+
+namespace {
+
+using shell::True;
+
+// One step of the start; false stops it.
+struct Step {
+    const char* name;
+    bool (*run)(Program&);
+};
+
+constexpr std::array<const char*, 3> WorkFiles{"FILEEEPROM.DAT", "FILEEEINT.APP", "FILEEEEXT.APP"};
+
+// A step that comes with a later version keeps its place in the order.
+bool Later(Program&) {
+    return true;
+}
+
+bool ShowMainWindow(Program& program) {
+    program.shell.stack.OpenPage(program.shell.main, false);
+    return true;
+}
+
+bool EnterFolder(Program& program) {
+    PrepareFolder(program.shell);
+    return true;
+}
+
+bool ReadLanguageAndComputer(Program& program) {
+    shell::LeggiLingua(program.shell);
+    return true;
+}
+
+bool RefuseSecondInstance(Program& program) {
+    shell::Shell& shell = program.shell;
+    const platform::Instance::Claim claim = shell.host.instance.TryClaim(shell.options.folder);
+    if (claim == platform::Instance::Claim::Unwritable) shell.folderTrouble = shell::FolderTrouble::Unwritable;
+    if (claim != platform::Instance::Claim::Taken) return true;
+    shell.language.Load(shell.host.files, shell.FileInFolder(shell.state.Lingua + ".LNG"));
+    shell.Beep();
+    shell.systemMessage.Show(shell::UsualTitle(shell), shell.TestoLingua("ERRORE_15", "ERRORI"),
+                             [&shell] { shell.End(1); });
+    return false;
+}
+
+// A memory image never survives a restart.
+bool DeleteWorkFiles(Program& program) {
+    for (const char* name : WorkFiles) program.shell.host.files.Remove(program.shell.FileInFolder(name));
+    return true;
+}
+
+bool LoadTexts(Program& program) {
+    shell::Shell& shell = program.shell;
+    LoadLanguage(shell);
+    shell::LoadMainTexts(shell);
+    TellFolderTrouble(shell);
+    return true;
+}
+
+bool ReadResolution(Program& program) {
+    shell::LeggiRisoluzione(program.shell);
+    return true;
+}
+
+bool InitialiseState(Program& program) {
+    eculink::CaricaCanali(program.link);
+    eculink::AzzeraDati(program.link);
+    program.link.state.BufferRx.clear();
+    shell::AbilitaComandi(program.shell, True);
+    return true;
+}
+
+bool ReadSerialSettings(Program& program) {
+    shell::LeggiSeriale(program.shell);
+    return true;
+}
+
+// A failure is told and does not stop the start.
+bool OpenSerialPort(Program& program) {
+    eculink::ApriPorta(program.link);
+    return true;
+}
+
+bool ReadChartSettings(Program& program) {
+    if (!shell::MarloExists(program.shell)) shell::WriteChartDefaults(program.shell);
+    return true;
+}
+
+bool StartProcessing(Program& program) {
+    program.link.timers.Elaborazione->SetEnabled(true);
+    program.link.timers.Checks->SetEnabled(true);
+    return true;
+}
+
+bool ShowInstruments(Program& program) {
+    program.shell.stack.OpenPage(program.link.grafici, false);
+    return true;
+}
+
+bool SetRecordingPanel(Program& program) {
+    program.shell.main.VisReg.SetText(program.shell.TestoLingua("STATOPROG.0", "MARLOVENT"));
+    return true;
+}
+
+constexpr std::array<Step, 16> Steps{{
+    {"main window", ShowMainWindow},
+    {"program directory", EnterFolder},
+    {"language and kind of computer", ReadLanguageAndComputer},
+    {"second instance", RefuseSecondInstance},
+    {"work files", DeleteWorkFiles},
+    {"language texts", LoadTexts},
+    {"archives", Later},
+    {"resolution", ReadResolution},
+    {"channels and state", InitialiseState},
+    {"calibration tables", Later},
+    {"serial settings", ReadSerialSettings},
+    {"serial port", OpenSerialPort},
+    {"chart settings", ReadChartSettings},
+    {"processing", StartProcessing},
+    {"instrument page", ShowInstruments},
+    {"recording panel", SetRecordingPanel},
+}};
+
+}  // namespace
+
+bool Start(Program& program) {
+    for (const Step& step : Steps) {
+        if (!step.run(program)) return false;
+    }
+    return true;
+}
+
+}  // namespace program
