@@ -110,12 +110,17 @@ void ConvertSignal(Record& record, int channel, double valoreMAP) {
     }
 }
 
+// Kinds of pressure sensor whose second reading has a known line.
+constexpr int SensorType0 = 0;
+constexpr int SensorType1 = 1;
+
 std::string SecondPressure(const Link& link, double raw) {
     const std::string& map = link.RecCanali.Grezzo[Map];
-    if (link.state.TipoSensoreMAP == SensorType0 && IsNumeric(map)) {
+    if (link.state.mapTable.tipoSensoreMAP == SensorType0 && IsNumeric(map)) {
         return FixedText(Format0(raw * 483 / 100 + ValoreNum(map) - 565), RawWidth);
     }
-    if (link.state.TipoSensoreMAP == SensorType1) return FixedText(Format0((raw - 41) * 4444 / 1023), RawWidth);
+    if (link.state.mapTable.tipoSensoreMAP == SensorType1)
+        return FixedText(Format0((raw - 41) * 4444 / 1023), RawWidth);
     return std::string(RawWidth, '*');
 }
 

@@ -9,8 +9,8 @@
 
 #include "link/catalogue.h"
 #include "link/channels.h"
+#include "link/frames/pressure.h"
 #include "link/grafici.h"
-#include "link/map_sensor.h"
 #include "platform/timer.h"
 #include "shell/shell.h"
 
@@ -41,9 +41,8 @@ struct State {
     int DatoNuovo = shell::False;
     int PaginaStrumenti = shell::False;
     std::string VersioneECU;
-    int TipoSensoreMAP = SensorOnOff;
     int TipoSondaLambda = 0;
-    MapTable mapTable;
+    frames::MAPTable mapTable;       // what turns pressure readings into mbar
     int restartMark = shell::False;  // a first acquisition was started from the switch
 
     bool refresh = false;             // the instruments have something new to show

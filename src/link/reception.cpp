@@ -22,6 +22,7 @@ using frames::ValoreNum;
 
 constexpr std::size_t LongestPartial = 1U << 20U;  // a frame without end beyond this can be none
 constexpr std::size_t ShownBuffer = 1024;          // what the label needs to show of the buffer
+constexpr int StoredPoints = 1;                    // of the sensor line: those in the unit's image
 constexpr int MapLearning = 5;                     // the calibration step that works with pressures in mbar
 
 struct ParityRow {
@@ -183,8 +184,7 @@ std::string PressureText(const Link& link, std::string_view field) {
     const double raw = ValoreNum(field);
     const int phase = link.shell.state.FaseAcq;
     if (phase != shell::NoPhase && phase != MapLearning) return NumberText(raw);
-    const auto pressure =
-        ConverteMAP(raw, 1, link.state.DatiLunghi == 1, link.state.TipoSensoreMAP, link.state.mapTable);
+    const auto pressure = frames::ConverteMAP(raw, StoredPoints, link.state.DatiLunghi == 1, link.state.mapTable);
     return pressure ? NumberText(*pressure) : Stars();
 }
 
