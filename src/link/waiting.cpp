@@ -26,7 +26,7 @@ struct Check {
     Obstacle obstacle;
     int key;  // number of its three sentences in the section ATTESA
     bool (*holds)(const Facts&);
-    std::string (*value1)(const Facts&);
+    std::string (*value1)(const Facts&);  // the evidence
     std::string (*value2)(const Facts&);
 };
 
@@ -63,9 +63,9 @@ bool Hears(const Facts& facts) {
 // In the order in which they hide each other.
 constexpr std::array<Check, 7> Checks{{
     {Obstacle::PortAbsent, 0, [](const Facts& f) { return !f.port.present; }, Device, Device},
-    {Obstacle::NoRights, 1, [](const Facts& f) { return !f.port.permitted; }, Group, User},
-    {Obstacle::Busy, 2, [](const Facts& f) { return f.link.state.portFailed && !f.port.busyBy.empty(); }, Holder,
-     Device},
+    {Obstacle::NoRights, 1, [](const Facts& f) { return !f.port.permitted; }, Device, Group},
+    {Obstacle::Busy, 2, [](const Facts& f) { return f.link.state.portFailed && !f.port.busyBy.empty(); }, Device,
+     Holder},
     {Obstacle::NotOpened, 6, [](const Facts& f) { return f.link.state.portFailed; }, Device, Settings},
     {Obstacle::Unanswered, 5, [](const Facts& f) { return f.link.state.unanswered > 0 && Hears(f); }, Unanswered,
      Device},
@@ -100,19 +100,19 @@ void OpenAgain(Link& link, const Facts& facts) {
         OpenPort(link);
 }
 
+void ShowSentence(Link& link, pages::Label& label, const char* family, const Check* check, const std::string& first,
+                  const std::string& second) {
+    const std::string key = check == nullptr ? std::string() : family + std::to_string(check->key);
+    label.SetText(Fill(link.shell.TestoLingua(key, "ATTESA"), first, second));
+}
+
 void ShowCheck(Link& link, const Facts& facts) {
     Grafici& page = link.grafici;
     const Check* check = FirstThatHolds(facts);
-    const std::array<std::pair<pages::Label*, const char*>, 3> labels{
-        {{&page.AttesaCausa, "CAUSA."}, {&page.AttesaValore, "VALORE."}, {&page.AttesaRimedio, "RIMEDIO."}}};
-    for (const auto& [label, key] : labels) {
-        if (check == nullptr) {
-            label->SetText({});
-            continue;
-        }
-        const std::string& text = link.shell.TestoLingua(key + std::to_string(check->key), "ATTESA");
-        label->SetText(Fill(text, check->value1(facts), check->value2(facts)));
-    }
+    ShowSentence(link, page.AttesaCausa, "CAUSA.", check, PortName(link), Device(facts));
+    ShowSentence(link, page.AttesaValore, "VALORE.", check, check == nullptr ? "" : check->value1(facts),
+                 check == nullptr ? "" : check->value2(facts));
+    ShowSentence(link, page.AttesaRimedio, "RIMEDIO.", check, Group(facts), User(facts));
 }
 
 enum class Word { Waiting, Identifying, Reading, OldProgram, Ready, Command };

@@ -73,10 +73,10 @@ void LoadLanguage(shell::Shell& shell) {
 
 void TellFolderTrouble(shell::Shell& shell) {
     if (shell.folderTrouble == FolderTrouble::None) return;
-    const char* key = shell.folderTrouble == FolderTrouble::Unwritable ? "NON_SCRIVIBILE.0" : "INCOMPLETA.0";
+    const char* key = shell.folderTrouble == FolderTrouble::Unwritable ? "CARTELLA_PROTETTA" : "CARTELLA_INCOMPLETA";
     shell.Beep();
     shell.systemMessage.Show(shell::UsualTitle(shell),
-                             shell::Fill(shell.TestoLingua(key, "CARTELLA"), shell.state.CartellaProg));
+                             shell::Fill(shell.TestoLingua(key, "AVVIO"), shell.state.CartellaProg));
 }
 
 }  // namespace program

@@ -144,7 +144,7 @@ void LoadMainTexts(Shell& shell) {
         }
     }
     for (ToolItem& tool : main.tools) {
-        tool.caption = shell.TestoLingua("TOOL." + std::string(tool.row->key), "MARLOVENT");
+        tool.caption = shell.TestoLingua(std::string("TOOL.").append(tool.row->key), "MARLOVENT");
         tool.tooltip = shell.TestoLingua("TOOLTIP", tool.row->key);
     }
     main.SetTitle(shell.TestoLingua("CAPTION", "MARLOVENT") + std::string(VariantSuffix(shell.state)));

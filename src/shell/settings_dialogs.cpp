@@ -125,7 +125,8 @@ bool ConfSer::Store() {
     if (Parita.Index() >= 0) text.Set("SERIALE", "PARITA", Parities[static_cast<std::size_t>(Parita.Index())]);
     if (!shell_.host.files.Write(file, text.Content())) {
         shell_.Beep();
-        MostraMessaggio(shell_, UsualTitle(shell_), shell_.TestoLingua("NON_SCRIVIBILE.0", "CARTELLA"),
+        MostraMessaggio(shell_, UsualTitle(shell_),
+                        Fill(shell_.TestoLingua("CARTELLA_PROTETTA", "AVVIO"), shell_.state.CartellaProg),
                         StyleInformation, {});
         return false;
     }
@@ -150,10 +151,10 @@ bool SceltaLingua::Store() {
     const bool written = WriteMarlo(shell_, "IMPOSTAZIONI", "Lingua",
                                     ListaLingue.Items()[static_cast<std::size_t>(ListaLingue.Index())]);
     if (!written) shell_.Beep();
-    MostraMessaggio(
-        shell_, UsualTitle(shell_),
-        written ? shell_.TestoLingua("SEGNALAZIONE_1", section_) : shell_.TestoLingua("NON_SCRIVIBILE.0", "CARTELLA"),
-        StyleInformation, {});
+    MostraMessaggio(shell_, UsualTitle(shell_),
+                    written ? shell_.TestoLingua("SEGNALAZIONE_1", section_)
+                            : Fill(shell_.TestoLingua("CARTELLA_PROTETTA", "AVVIO"), shell_.state.CartellaProg),
+                    StyleInformation, {});
     return written;
 }
 
