@@ -126,7 +126,7 @@ bool ConfSer::Store() {
     if (!shell_.host.files.Write(file, text.Content())) {
         shell_.Beep();
         MostraMessaggio(shell_, UsualTitle(shell_),
-                        Fill(shell_.TestoLingua("CARTELLA_PROTETTA", "AVVIO"), shell_.state.CartellaProg),
+                        shell::Fill(shell_.TestoLingua("CARTELLA_PROTETTA", "AVVIO"), shell_.state.CartellaProg),
                         StyleInformation, {});
         return false;
     }
@@ -153,7 +153,7 @@ bool SceltaLingua::Store() {
     if (!written) shell_.Beep();
     MostraMessaggio(shell_, UsualTitle(shell_),
                     written ? shell_.TestoLingua("SEGNALAZIONE_1", section_)
-                            : Fill(shell_.TestoLingua("CARTELLA_PROTETTA", "AVVIO"), shell_.state.CartellaProg),
+                            : shell::Fill(shell_.TestoLingua("CARTELLA_PROTETTA", "AVVIO"), shell_.state.CartellaProg),
                     StyleInformation, {});
     return written;
 }
