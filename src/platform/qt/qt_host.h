@@ -5,6 +5,7 @@
 #include "platform/qt/qt_port.h"
 #include "platform/qt/qt_sound.h"
 #include "platform/qt/qt_timers.h"
+#include "platform/real/instance_lock.h"
 #include "platform/real/real_files.h"
 #include "platform/real/real_probe.h"
 #include "platform/real/system_clock.h"
@@ -16,7 +17,7 @@ struct QtHost {
     Host Get() { return Get(port, probe); }
     // The same with another line behind the program, as the simulated unit needs it.
     Host Get(SerialPort& otherPort, PortProbe& otherProbe) {
-        return {clock, timers, otherPort, otherProbe, files, sound};
+        return {clock, timers, otherPort, otherProbe, files, sound, instance};
     }
 
     AfterEvent after;
@@ -26,6 +27,7 @@ struct QtHost {
     real::RealProbe probe;
     real::RealFiles files;
     QtSound sound;
+    real::InstanceLock instance;
 };
 
 }  // namespace platform::qt

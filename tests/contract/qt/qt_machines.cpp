@@ -2,9 +2,7 @@
 #include "contract/qt/event_loop.h"
 #include "contract/qt/pseudo_terminal.h"
 #include "contract/timers_contract.h"
-#include "platform/qt/qt_port.h"
-#include "platform/qt/qt_timers.h"
-#include "platform/real/system_clock.h"
+#include "platform/qt/qt_host.h"
 
 namespace contract {
 
@@ -14,14 +12,12 @@ constexpr int RetryMillis = 20;
 
 class QtTimersMachine : public TimersMachine {
   public:
-    platform::Timers& Timers() override { return timers_; }
-    platform::Clock& Clock() override { return clock_; }
+    platform::Timers& Timers() override { return host_.Get().timers; }
+    platform::Clock& Clock() override { return host_.Get().clock; }
     bool RunUntil(const std::function<bool()>& done) override { return RunEventsUntil(done); }
 
   private:
-    platform::qt::AfterEvent after_;
-    platform::qt::QtTimers timers_{after_};
-    platform::real::SystemClock clock_;
+    platform::qt::QtHost host_;
 };
 
 class QtPortMachine : public PortMachine {
