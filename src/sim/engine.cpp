@@ -296,8 +296,8 @@ void Engine::Probe(std::int64_t now) {
         double apart = petrol ? 5 * std::sin(cycle * 5) : step_ - Need(rpm_, mbar_);
         if (zone_ == Zone::CutOff) apart = -20;
         if (zone_ == Zone::FullLoad) apart = 20;
-        mixture_ = Towards(mixture_, apart, 0.12);
-        target = range.low + (range.high - range.low) / (1 + std::exp(-mixture_ * 0.9));
+        mixture_ = Towards(mixture_, apart, 0.2);
+        target = range.low + (range.high - range.low) / (1 + std::exp(-mixture_ * 1.5));
     } else if (rpm_ <= StandingRpm) {
         target = range.low;
         mixture_ = 0;

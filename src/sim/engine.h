@@ -114,8 +114,8 @@ class Engine {
     double throttle_ = 0;
     double throttleRate_ = 0;  // percent a second
     double mbar_ = 380;
-    double step_ = 60;
-    double base_ = 60;
+    double step_ = 46;
+    double base_ = 46;
     double mixture_ = 0;  // how far the stepper stands from the engine's need, as the probe sees it
     double lambda_ = 100;
     bool rich_ = false;
