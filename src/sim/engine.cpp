@@ -169,16 +169,16 @@ void Engine::Turn(std::int64_t now) {
     const double cold = std::max(0.0, WarmAt - drive.temperature.At(now));
     const double idle = IdleRpm + cold * ColdRpmPerDegree;
     const double opened = std::pow(std::clamp(throttle_ / 100, 0.0, 1.0), 0.7);
-    const double target = idle + (FastestRpm - idle) * opened / (1 + drive.load.At(now) / 50);
+    const double target = idle + (FastestRpm - idle) * opened / (1 + drive.load.At(now) / 80);
     rpm_ = Towards(rpm_, target, target > rpm_ ? 0.6 : 0.9);
 }
 
 void Engine::Breathe(std::int64_t now) {
     double target = AtmosphereMbar;
     if (rpm_ > StandingRpm) {
-        const double opened = std::pow(std::clamp(throttle_ / 100, 0.0, 1.0), 0.6);
-        const double loaded = 0.5 + drive.load.At(now) / 200;
-        target = std::min(OpenMbar, IdleMbar + (OpenMbar - IdleMbar) * opened * loaded);
+        const double open = std::clamp(throttle_ / 100, 0.0, 1.0);
+        const double loaded = std::min(1.0, 0.5 + drive.load.At(now) / 200 + open * open / 2);
+        target = IdleMbar + (OpenMbar - IdleMbar) * std::pow(open, 0.6) * loaded;
         if (throttle_ < 1 && rpm_ > OverrunRpm) target = OverrunMbar;
     }
     mbar_ = Towards(mbar_, target, 0.15);
@@ -186,8 +186,9 @@ void Engine::Breathe(std::int64_t now) {
 
 void Engine::ChooseFuel(std::int64_t now) {
     const double shown = Revolutions();
-    if (shown > Cell(live::OverSpeed, UsualOverSpeed)) overSpeed_ = true;
-    if (shown < Cell(live::OverSpeedReturn, UsualOverSpeedReturn)) overSpeed_ = false;
+    const int fastest = Cell(live::OverSpeed, UsualOverSpeed);
+    if (shown < std::min(fastest, Cell(live::OverSpeedReturn, UsualOverSpeedReturn))) overSpeed_ = false;
+    if (shown > fastest) overSpeed_ = true;
     if (!running_ || drive.switchDigit == '0') {
         onGas_ = false;
     } else if (drive.switchDigit != '2') {
