@@ -6,13 +6,14 @@ namespace eculink {
 
 namespace {
 
-// Silence in every state beeps, unless nobody waits for the end of the exchange. The watchdog on the stream comes back
-// as it was; pages that live beside the running engine switch it on, a recognition leaves it to the next live frame.
+// Silence in every state beeps, unless nobody waits for the end of the exchange; a recognition beeps by itself. The
+// watchdog on the stream comes back as it was; pages that live beside the running engine switch it on, a recognition
+// leaves it to the next live frame.
 constexpr auto Reactions = std::to_array<ReactionRow>({
     {TimeOut::None, false, Watchdog::Restored}, {TimeOut::A, true, Watchdog::Restored},
     {TimeOut::B, true, Watchdog::Restored},     {TimeOut::C, true, Watchdog::Restored},
     {TimeOut::D, true, Watchdog::Restored},     {TimeOut::D2, true, Watchdog::On},
-    {TimeOut::E, true, Watchdog::Off},          {TimeOut::F, true, Watchdog::Restored},
+    {TimeOut::E, false, Watchdog::Off},         {TimeOut::F, true, Watchdog::Restored},
     {TimeOut::F2, true, Watchdog::Restored},    {TimeOut::F3, true, Watchdog::Restored},
     {TimeOut::G, true, Watchdog::On},           {TimeOut::H, true, Watchdog::On},
     {TimeOut::I, true, Watchdog::On},           {TimeOut::J, true, Watchdog::Restored},
@@ -39,7 +40,23 @@ const ReactionRow& ReactionOf(TimeOut letter) {
 }
 
 void Catalogue::Add(const StateRow& row, ReplyHandler reply, RefusalHandler refused, TimeOutHandler timeOut) {
-    rows_[row.state] = Entry{row, std::move(reply), std::move(refused), std::move(timeOut)};
+    rows_[row.state] = Entry{row, std::move(reply), std::move(refused), std::move(timeOut), {}, {}};
+}
+
+void Catalogue::AcceptOnly(int state, Accepts accepts) {
+    rows_.at(state).accepts = std::move(accepts);
+}
+
+void Catalogue::AddReply(int state, char letter, ReplyHandler reply) {
+    rows_.at(state).byLetter[letter] = std::move(reply);
+}
+
+const ReplyHandler* Catalogue::Entry::HandlerOf(const std::string& frame) const {
+    const char letter = frame.at(1);
+    if (row.letters.find(letter) == std::string_view::npos || (accepts && !accepts(frame))) return nullptr;
+    const auto own = byLetter.find(letter);
+    const ReplyHandler& handler = own == byLetter.end() ? reply : own->second;
+    return handler ? &handler : nullptr;
 }
 
 const Catalogue::Entry* Catalogue::Find(int state) const {

@@ -72,6 +72,9 @@ using RefusalHandler = std::function<void()>;
 // The page's part of a time-out; gets the state that was waiting.
 using TimeOutHandler = std::function<void(int state)>;
 
+// Whether a reply that the row lists fits what is under way.
+using Accepts = std::function<bool(const std::string& frame)>;
+
 // All transaction states in one table; each room adds the rows of its flows when the program is assembled.
 class Catalogue {
   public:
@@ -80,10 +83,19 @@ class Catalogue {
         ReplyHandler reply;
         RefusalHandler refused;
         TimeOutHandler timeOut;
+        Accepts accepts;
+        std::map<char, ReplyHandler> byLetter;
+
+        // The handler of a reply; null when this state does not take it now.
+        const ReplyHandler* HandlerOf(const std::string& frame) const;
     };
 
     // A state without handlers is one whose page this version does not have: its replies are dropped.
     void Add(const StateRow& row, ReplyHandler reply = {}, RefusalHandler refused = {}, TimeOutHandler timeOut = {});
+    // A reply that the row lists but that does not fit what is under way is dropped like any stray one.
+    void AcceptOnly(int state, Accepts accepts);
+    // A letter with work of its own in that state.
+    void AddReply(int state, char letter, ReplyHandler reply);
     // Null when no room has added the state.
     const Entry* Find(int state) const;
     const std::map<int, Entry>& Rows() const { return rows_; }

@@ -106,15 +106,15 @@ void SendAlone(Link& link, const std::string& frame) {
 void DispatchReply(Link& link, const std::string& frame) {
     const int saved = link.state.StatoCmd;
     const Catalogue::Entry* entry = saved == Idle ? nullptr : link.catalogue.Find(saved);
-    const char letter = frame[1];
-    if (entry == nullptr || !entry->reply || entry->row.letters.find(letter) == std::string_view::npos) return;
+    const ReplyHandler* handler = entry == nullptr ? nullptr : entry->HandlerOf(frame);
+    if (handler == nullptr) return;
     link.timers.TimeOutComandi->SetEnabled(false);
-    if (IsWriteReply(letter) && !frames::IsOk(frame)) {
+    if (IsWriteReply(frame[1]) && !frames::IsOk(frame)) {
         EndRefused(link);
         if (entry->refused) entry->refused();
         return;
     }
-    if (Handle(entry->reply, frame)) return;
+    if (Handle(*handler, frame)) return;
     link.timers.TimeOutComandi->SetInterval(FailureLimit);
     link.state.StatoCmd = saved;
     link.timers.TimeOutComandi->SetEnabled(true);

@@ -1,1 +1,0 @@
-// Keeps the room's library non-empty until its first source arrives.

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/files.h"
+
+namespace memory {
+
+struct Memory;
+
+// The block flows that move a whole image.
+enum class Flow {
+    Connection,   // read at recognition
+    Inspector,    // read for the memory inspector
+    Archive,      // save from the unit to the archive
+    Programming,  // archive image into the unit
+    Erasing,
+    Count
+};
+
+// How a flow's page follows it. Every handler may be empty. `silent` is told with the state that got no reply; the
+// signal and the watchdog are the transaction's.
+struct FlowEvents {
+    std::function<void(int address)> progress;
+    std::function<void()> done;
+    std::function<void()> refused;
+    std::function<void(int state)> silent;
+};
+
+using FlowTable = std::array<FlowEvents, static_cast<std::size_t>(Flow::Count)>;
+
+FlowEvents& EventsOf(Memory& memory, Flow flow);
+
+// Adds the flows' states to the catalogue.
+void AddFlowStates(Memory& memory);
+
+// The first frame of the connection read, within the exchange of the recognition; the area files must be gone.
+void BeginConnectionRead(Memory& memory);
+// Deletes the inspector's file and reads the unit into it. False when a transaction runs.
+bool StartInspectorRead(Memory& memory);
+// Reads the unit and files the image under `target`, whose folders are made at the end. False when a transaction runs.
+bool StartArchiveRead(Memory& memory, const platform::Path& target);
+// Erases the unit, except the cells that tell who it is. False when a transaction runs.
+bool StartErasing(Memory& memory);
+
+enum class ImageProblem { None, Missing, WrongSize };
+// Loads an archive image to be written to a unit, with the fix-ups. Nothing changes when there is a problem.
+ImageProblem LoadForProgramming(Memory& memory, const platform::Path& file);
+// Writes the loaded image; the marker comes last. False when a transaction runs or no whole image is loaded.
+bool StartProgramming(Memory& memory);
+
+// "<text> <address>)", as every flow tells how far it is.
+std::string ProgressText(std::string_view text, int address);
+// How much of the connection read is done at this address, in percent.
+int PercentRead(int address);
+
+}  // namespace memory

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "pages/page.h"
+
+namespace memory {
+
+struct Memory;
+
+// Erases the unit, after two questions.
+struct InEEPROM : pages::Page {
+    explicit InEEPROM(Memory& owner);
+
+    pages::Label Segnalazione{*this, "Segnalazione"};
+    pages::Button Inizializza{*this, "Inizializza"};
+    pages::Button TastoSI{*this, "TastoSI"};
+    pages::Button Esci{*this, "Esci"};
+
+  protected:
+    void Opening() override;
+
+  private:
+    // Buttons as they stand before the first question is answered.
+    void FirstState();
+    void SecondQuestion();
+    void Erase();
+    // The flow has ended: its words, and the page is usable again.
+    void Ended(const char* key);
+
+    Memory& memory_;
+};
+
+}  // namespace memory
