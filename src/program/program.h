@@ -1,8 +1,10 @@
 #pragma once
 
 #include "link/link.h"
+#include "memory/memory.h"
 #include "platform/host.h"
 #include "shell/shell.h"
+#include "tuning/tuning.h"
 
 namespace program {
 
@@ -15,6 +17,8 @@ struct Program {
 
     shell::Shell shell;
     eculink::Link link{shell};
+    memory::Memory memory{link};
+    tuning::Tuning tuning{memory};
 };
 
 // Adds to the catalogue the states of pages that this version does not have, so that the catalogue is whole.

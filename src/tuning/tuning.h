@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+
+#include "memory/memory.h"
+#include "tuning/calibration_map.h"
+#include "tuning/cell_reader.h"
+#include "tuning/conversions.h"
+#include "tuning/parameter_map.h"
+
+namespace tuning {
+
+// The tuning side: what the cells of the image held mean.
+struct Tuning {
+    explicit Tuning(memory::Memory& owner);
+    Tuning(const Tuning&) = delete;
+    Tuning& operator=(const Tuning&) = delete;
+
+    memory::Memory& memory;
+    std::string image;  // of the unit connected, as decoded last: 4096 digits
+    MemoriaTable memoria;
+    CalibrationTable calibration;
+
+    // Reads cells of the image held; the reader must not outlive this object.
+    CellReader Cells() const;
+    // What the conversions depend on now.
+    Context CurrentContext() const;
+};
+
+// Decodes the image in the two area files: image-wide cells, calibration values, parameter records with their limits.
+// The inspector's file is deleted. False when one of the files cannot be read; a short one reads as erased where it
+// ends.
+bool DecodificaImmagine(Tuning& tuning);
+
+}  // namespace tuning
