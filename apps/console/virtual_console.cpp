@@ -1,0 +1,52 @@
+#include "console/virtual_console.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "common/setup.h"
+#include "common/simulation.h"
+#include "console/session.h"
+#include "platform/real/instance_lock.h"
+#include "platform/real/real_files.h"
+#include "program/program.h"
+#include "program/start.h"
+
+namespace console {
+
+namespace {
+
+void Converse(Session& session, Interpreter& interpreter, platform::virt::World& world) {
+    while (!session.Finished()) {
+        if (interpreter.Waiting()) {
+            world.RunUntil(std::min(world.NextDue(), interpreter.Deadline()));
+        } else if (session.Hungry()) {
+            const std::string piece = ReadInput();
+            if (piece.empty()) session.EndOfInput();
+            session.Feed(piece);
+        }
+        session.Advance();
+    }
+}
+
+}  // namespace
+
+int RunOnVirtualTime(const common::CommandLine& line, const platform::Path& executable) {
+    platform::real::RealFiles files;
+    platform::real::InstanceLock instance;
+    platform::virt::CountedSound sound;
+    common::Simulation simulation(files);
+    if (const std::string wrong = simulation.Load(line); !wrong.empty())
+        return common::Complain(common::FrontEnd::Console, wrong);
+    const platform::Host host{
+        simulation.world, simulation.world, simulation.line.Port(), simulation.probe, files, sound, instance};
+    program::Program program(host, common::ProgramOptions(line, executable, files));
+    if (!common::Trace(program, line))
+        return common::Complain(common::FrontEnd::Console, "the trace file cannot be written");
+    const bool started = program::Start(program);
+    Interpreter interpreter(program, &simulation.unit);
+    Session session(interpreter, PrintLine);
+    Converse(session, interpreter, simulation.world);
+    return common::ExitStatus(program, started);
+}
+
+}  // namespace console
