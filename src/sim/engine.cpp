@@ -44,6 +44,7 @@ constexpr std::array<ProbeRange, 3> Probes{{{20, 180}, {160, 310}, {100, 900}}};
 // What the cells usually hold, for a unit whose cells are erased.
 constexpr int UsualIdleIn = 1100;
 constexpr int UsualIdleOut = 1300;
+constexpr int UsualThrottleCutOff = 103;
 constexpr int UsualCutOffIn = 1800;
 constexpr int UsualCutOffOut = 1500;
 constexpr int UsualOverSpeed = 6200;
@@ -83,6 +84,12 @@ double Need(double rpm, double mbar) {
     const double byRpm = std::clamp((rpm - 600) / 400, 0.0, 15.0) * 6.2;
     const double byLoad = std::clamp((mbar - 280) / 103, 0.0, 7.0) * 8.4;
     return 34 + byRpm + byLoad;
+}
+
+// Of a sensor that counts upwards.
+int TrueThrottleCounts(double percent) {
+    const double counts = ThrottleClosed + (ThrottleOpen - ThrottleClosed) * std::clamp(percent / 100, 0.0, 1.0);
+    return static_cast<int>(std::lround(counts));
 }
 
 }  // namespace
@@ -204,8 +211,8 @@ void Engine::ChooseZone(std::int64_t now) {
     if (std::abs(throttleRate_) > TransientRate) transientUntil_ = now + TransientMicros;
     if (overSpeed_) {
         zone_ = Zone::OverSpeed;
-    } else if (throttle_ < 1 && Beyond(Zone::CutOff, Revolutions(), Cell(live::CutOffIn, UsualCutOffIn),
-                                       Cell(live::CutOffOut, UsualCutOffOut))) {
+    } else if (Closed() && Beyond(Zone::CutOff, Revolutions(), Cell(live::CutOffIn, UsualCutOffIn),
+                                  Cell(live::CutOffOut, UsualCutOffOut))) {
         zone_ = Zone::CutOff;
     } else if (Idling()) {
         zone_ = Zone::Idle;
@@ -219,6 +226,10 @@ void Engine::ChooseZone(std::int64_t now) {
 // Whether a value has passed the threshold into a zone, or, within the zone, not yet the one out of it.
 bool Engine::Beyond(Zone zone, double value, double in, double out) const {
     return value > (zone_ == zone ? out : in);
+}
+
+bool Engine::Closed() const {
+    return TrueThrottleCounts(throttle_) < Cell(live::ThrottleCutOff, UsualThrottleCutOff);
 }
 
 bool Engine::Idling() const {
@@ -312,9 +323,8 @@ void Engine::Probe(std::int64_t now) {
 }
 
 int Engine::ThrottleCounts(double percent) const {
-    const double counts = ThrottleClosed + (ThrottleOpen - ThrottleClosed) * std::clamp(percent / 100, 0.0, 1.0);
-    const int rounded = static_cast<int>(std::lround(counts));
-    return drive.throttleInverted ? CountsMax - rounded : rounded;
+    const int counts = TrueThrottleCounts(percent);
+    return drive.throttleInverted ? CountsMax - counts : counts;
 }
 
 // Each figure is drawn with its own width of noise, always in the same order.

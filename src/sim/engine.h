@@ -93,6 +93,7 @@ class Engine {
     void Probe(std::int64_t now);
 
     bool Beyond(Zone zone, double value, double in, double out) const;
+    bool Closed() const;
     bool Idling() const;
     bool FullyLoaded() const;
     int Cell(int address, int usual) const;      // a word of the working memory

@@ -2,6 +2,7 @@
 #include <array>
 #include <cmath>
 
+#include "sim/bytes.h"
 #include "sim/cells.h"
 #include "sim/scenario.h"
 
@@ -190,7 +191,7 @@ Parsed ParseState(const Words& arguments) {
             {"status", std::string(status.begin(), status.end())},
             {"mode", std::int64_t{parts.memory.Byte(Area::Working, live::Mode)}},
             {"programmed", Flag(parts.memory.Programmed())},
-            {"version", parts.code.version},
+            {"version", Escaped(parts.code.version)},
             {"stream", Flag(parts.stream.on)},
             {"length", std::int64_t{parts.stream.length}},
             {"cable", Flag(parts.line.Connected())},

@@ -66,7 +66,7 @@ Action Release(int position) {
 Parsed ParseField(const Words& arguments) {
     if (arguments.size() != 2) return Usage();
     const FieldRow* const field = FindField(arguments[0]);
-    if (field == nullptr) return Parsed::Wrong("there is no field \"" + arguments[0] + "\"");
+    if (field == nullptr) return Parsed::Wrong("there is no field " + InQuotes(arguments[0]));
     if (arguments[1] == "auto") return Release(field->position);
     auto text = Unescaped(arguments[1]);
     const auto width = static_cast<std::size_t>(field->width);
@@ -135,7 +135,7 @@ Parsed ParseMisbehave(const Words& arguments) {
     if (arguments.empty()) return Usage();
     const auto row =
         std::find_if(Faults.begin(), Faults.end(), [&](const FaultRow& fault) { return fault.word == arguments[0]; });
-    if (row == Faults.end()) return Parsed::Wrong("there is no way to misbehave called \"" + arguments[0] + "\"");
+    if (row == Faults.end()) return Parsed::Wrong("there is no way to misbehave called " + InQuotes(arguments[0]));
     OrderReader reader{arguments, 1, {}, false};
     reader.order.fault = row->fault;
     reader.order.amount = row->usualAmount;
@@ -150,8 +150,7 @@ Parsed ParseMisbehave(const Words& arguments) {
         return Parsed::Wrong("live frames cannot misbehave like that");
     }
     return Action([order = reader.order](Parts& parts) -> Answer {
-        parts.misbehaviours.Add(order);
-        return {};
+        return parts.misbehaviours.Add(order) ? Answer{} : Refusal("too many orders: behave takes them back");
     });
 }
 
@@ -251,9 +250,9 @@ bool LiveFrameOf(const TraceEntry& entry) {
 Answer Play(Parts& parts, const std::string& name, Playing what) {
     if (parts.files == nullptr) return Refusal("no files can be read here");
     const auto text = parts.files->Read(name);
-    if (!text) return Refusal("\"" + name + "\" cannot be read");
+    if (!text) return Refusal(InQuotes(name) + " cannot be read");
     Trace trace = ReadTrace(*text);
-    if (!trace.error.empty()) return Refusal("\"" + name + "\", " + trace.error);
+    if (!trace.error.empty()) return Refusal(InQuotes(name) + ", " + trace.error);
     StopPlaying(parts);
     parts.playing = what;
     const std::int64_t start = trace.entries.empty() ? 0 : trace.entries.front().millis;

@@ -8,7 +8,8 @@ namespace sim {
 
 namespace {
 
-constexpr std::size_t Frame = 2;  // STX and ETX
+constexpr std::size_t Frame = 2;               // STX and ETX
+constexpr std::size_t LongestRepeated = 8192;  // however many orders add up
 constexpr char Filler = '0';
 constexpr char FirstPrintable = ' ';
 constexpr int Printables = '~' - ' ' + 1;
@@ -61,7 +62,7 @@ std::string SpoilOnce(std::string frame, Fault fault, int amount, Random& dice) 
             frame.resize(frame.size() / 2);
             return frame;
         case Fault::Repeat:
-            return frame + frame;
+            return frame.size() > LongestRepeated ? frame : frame + frame;
         case Fault::Length:
             return OfLength(std::move(frame), amount);
         case Fault::OtherLetter:
@@ -97,6 +98,12 @@ void AddTo(Fate& fate, const Order& order) {
 }
 
 }  // namespace
+
+bool Misbehaviours::Add(const Order& order) {
+    if (orders_.size() == MostOrders) return false;
+    orders_.push_back(order);
+    return true;
+}
 
 Fate Misbehaviours::Next(char letter) {
     Fate fate;

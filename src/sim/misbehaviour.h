@@ -69,7 +69,9 @@ struct Fate {
 
 class Misbehaviours {
   public:
-    void Add(const Order& order) { orders_.push_back(order); }
+    static constexpr std::size_t MostOrders = 100;
+
+    bool Add(const Order& order);  // false when there are too many already
     void Clear() { orders_.clear(); }
     std::size_t Size() const { return orders_.size(); }
     // Counts the frame against every order that fits it, and says what becomes of it.

@@ -71,12 +71,12 @@ Parsed ParseLine(std::string_view line) {
     if (words->front() == "at") {
         if (words->size() < 3) return Parsed::Wrong("usage: at TIME COMMAND ...");
         millis = Time((*words)[1]);
-        if (!millis) return Parsed::Wrong("\"" + (*words)[1] + "\" is no time: 12, 2.5, 300ms, 1:30");
+        if (!millis) return Parsed::Wrong(InQuotes((*words)[1]) + " is no time: 12, 2.5, 300ms, 1:30");
         words->erase(words->begin(), words->begin() + 2);
     }
     const std::string word = words->front();
     const Verb* const verb = FindVerb(word);
-    if (verb == nullptr) return Parsed::Wrong("unknown command \"" + word + "\"");
+    if (verb == nullptr) return Parsed::Wrong("unknown command " + InQuotes(word));
     if (word == LoopWord && millis && *millis < ShortestLoop) return Parsed::Wrong("a loop takes at least one second");
     words->erase(words->begin());
     Parsed out = verb->parse(*words);

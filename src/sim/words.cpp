@@ -73,4 +73,8 @@ std::optional<std::int64_t> Time(std::string_view text) {
     return std::llround(*value * scale + minutes * SecondsPerMinute * MillisPerSecond);
 }
 
+std::string InQuotes(std::string_view text) {
+    return '"' + Escaped(text) + '"';
+}
+
 }  // namespace sim

@@ -20,4 +20,7 @@ std::optional<double> Number(std::string_view text);
 // "12", "2.5", "2.5s", "300ms", "1:30": milliseconds; nothing for anything else.
 std::optional<std::int64_t> Time(std::string_view text);
 
+// The text in double quotes for a reason, whatever it holds: what is not plain ASCII as \x..
+std::string InQuotes(std::string_view text);
+
 }  // namespace sim

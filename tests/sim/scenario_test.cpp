@@ -96,6 +96,7 @@ TEST(Scenario, ABadLineIsAnsweredWithAReasonAndChangesNothing) {
     EXPECT_EQ(rig.Say("throttle 101").error, "throttle goes from 0 to 100");
     EXPECT_EQ(rig.Say("throttle").error, "usage: throttle PERCENT [over TIME]");
     EXPECT_EQ(rig.Say("throttel 40").error, "unknown command \"throttel\"");
+    EXPECT_EQ(rig.Say("\xff\x01\"").error, "unknown command \"\\xFF\\x01\"\"");
 }
 
 TEST(Scenario, LinesRunAtTheirTimesAndCommentsAndBlanksCountForNothing) {
