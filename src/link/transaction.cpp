@@ -143,6 +143,7 @@ void StreamLost(Link& link) {
     link.state.CentralinaDaRiconoscere = True;
     link.shell.state.SenzaImmagine = True;
     link.state.VersioneECU.clear();
+    link.state.unanswered = 0;
     link.shell.main.SetEnabled(true);
     if (link.loss.CloseRecording) link.loss.CloseRecording();
     AzzeraDati(link);

@@ -86,7 +86,9 @@ const Check* FirstThatHolds(const Facts& facts) {
     return nullptr;
 }
 
+// A stream that never answers is asked again and again; between two questions it is waited for all the same.
 bool Waiting(const Link& link) {
+    if (link.state.unanswered > 0) return true;
     return link.state.CentralinaDaRiconoscere == shell::True && link.state.StatoCmd == Idle;
 }
 

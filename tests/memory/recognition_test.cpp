@@ -1,0 +1,194 @@
+#include <gtest/gtest.h>
+
+#include "link/transaction.h"
+#include "memory/image.h"
+#include "memory/recognition.h"
+#include "support/simulated.h"
+
+namespace {
+
+using eculink::Idle;
+using shell::False;
+using shell::True;
+using support::Simulated;
+
+bool PageOpen(Simulated& s, const char* name) {
+    const pages::Page* page = s.program.shell.stack.Find(name);
+    return page != nullptr && page->IsOpen();
+}
+
+// Brings the recognition into the read of the second area.
+void ConnectUntilSecondArea(Simulated& s) {
+    ASSERT_TRUE(s.Start());
+    ASSERT_TRUE(s.RunUntil([&] { return s.program.link.state.StatoCmd == 89; }, 60000));
+}
+
+TEST(Recognition, IdentifiesReadsDecodesAndOpensTheMenus) {
+    Simulated s;
+    s.files.Write(s.folder.Path() / "FILEEEPROM.DAT", "old");
+    ASSERT_TRUE(s.Connect());
+    const auto& state = s.program.link.state;
+    EXPECT_EQ(state.VersioneECU.substr(0, 5), "01.04");
+    EXPECT_EQ(state.StatoCmd, Idle);
+    EXPECT_EQ(state.CentralinaDaRiconoscere, False);
+    EXPECT_EQ(s.program.shell.state.SenzaImmagine, False);
+    EXPECT_EQ(s.program.shell.state.ImmagineProgrammata, True);
+    EXPECT_EQ(s.program.shell.state.FirmwareVecchio, False);
+    EXPECT_FALSE(PageOpen(s, "LeggoIn"));
+    EXPECT_FALSE(s.files.Exists(s.folder.Path() / "FILEEEPROM.DAT"));
+    EXPECT_EQ(s.files.Size(s.folder.Path() / "FILEEEEXT.APP"), 34U * 64);
+    EXPECT_EQ(s.files.Size(s.folder.Path() / "FILEEEINT.APP"), 34U * 64);
+    // What was read is what the unit holds.
+    EXPECT_EQ(memory::ByteCella(s.program.tuning.image, 3150, 2),
+              static_cast<std::uint32_t>(s.unit.Cells().Word(sim::Area::Interna, 3150)));
+    EXPECT_EQ(s.unit.Seen().Of('X'), 1);
+    EXPECT_EQ(s.unit.Seen().Of('L'), 32);
+    EXPECT_EQ(s.unit.Seen().Of('O'), 32);
+    EXPECT_EQ(s.unit.Seen().Of('I') + s.unit.Seen().Of('S') + s.unit.Seen().Of('W'), 0) << "nothing is written unasked";
+    EXPECT_EQ(s.program.shell.state.beeps, 0);
+}
+
+TEST(Recognition, TheReadTakesAsManyTicksAsItHasExchanges) {
+    Simulated s;
+    ASSERT_TRUE(s.Start());
+    ASSERT_TRUE(s.RunUntil([&] { return !s.program.link.state.VersioneECU.empty(); }, 10000));
+    const std::int64_t from = s.host.world.ElapsedMicros();
+    ASSERT_TRUE(s.RunUntil([&] { return s.program.link.state.StatoCmd == Idle; }, 60000));
+    const double ticks = static_cast<double>(s.host.world.ElapsedMicros() - from) / 100000.0;
+    EXPECT_LE(ticks, 64 * 1.05);
+}
+
+TEST(Recognition, VersionsBefore0104AreOld) {
+    struct Row {
+        const char* text;
+        bool old;
+    };
+    for (const Row& row : {Row{"00.99", true}, Row{"01.03", true}, Row{"01.04", false}, Row{"01.10", false},
+                           Row{"02.00", false}, Row{"", true}, Row{"01", true}}) {
+        EXPECT_EQ(memory::IsOldVersion(row.text), row.old) << row.text;
+    }
+    EXPECT_EQ(memory::ReadVersion("\x02x30312E3034\x03"), "01.04");
+    EXPECT_EQ(memory::ReadVersion("\x02x30zz31\x03"), "01") << "a bad pair yields nothing";
+}
+
+TEST(Recognition, AnOldProgramWaitsForTheFitter) {
+    Simulated s;
+    s.Sim("version \"00.99 A001\"");
+    ASSERT_TRUE(s.Start());
+    ASSERT_TRUE(s.RunUntil([&] { return s.program.shell.state.FirmwareVecchio == True; }, 5000));
+    memory::LeggoIn& page = s.program.memory.leggoIn;
+    s.Run(20000);
+    EXPECT_EQ(s.program.link.state.StatoCmd, 80);
+    EXPECT_FALSE(page.Esci.Visible());
+    EXPECT_EQ(page.Segnalazione.Text(),
+              s.Text("SEGNALAZIONE_4", "LEGGOIN") + "\r\n" + s.Text("SEGNALAZIONE_5", "LEGGOIN"));
+    EXPECT_EQ(s.unit.Seen().Of('L'), 0);
+    ASSERT_TRUE(s.program.shell.stack.Press(page.Continua).ok);
+    EXPECT_FALSE(page.Continua.Visible());
+    EXPECT_FALSE(page.EsciP.Visible());
+    EXPECT_TRUE(s.RunUntil([&] { return s.program.link.state.FlussoAttivo == True; }, 60000));
+    EXPECT_FALSE(s.program.shell.main.Item(shell::MenuId::MenuPunto, 11).visible);
+    EXPECT_TRUE(s.program.shell.main.Item(shell::MenuId::MenuPunto, 12).visible);
+    shell::PressTool(s.program.shell, "EEPROM_FILE");
+    EXPECT_TRUE(PageOpen(s, "Messaggio"));
+}
+
+TEST(Recognition, ABlankUnitGetsTheMenusThatNeedNoImage) {
+    Simulated s;
+    s.Sim("image blank");
+    ASSERT_TRUE(s.Connect());
+    EXPECT_EQ(s.program.shell.state.ImmagineProgrammata, False);
+    EXPECT_EQ(s.program.shell.state.SenzaImmagine, False);
+    EXPECT_NE(s.program.shell.main.Item(shell::MenuId::MainMenu, 3).why, pages::Reason::None);
+    EXPECT_EQ(s.program.shell.main.Item(shell::MenuId::MainMenu, 4).why, pages::Reason::None);
+    EXPECT_NE(s.program.shell.main.Tool("MESSA_PUNTO").why, pages::Reason::None);
+    EXPECT_EQ(s.program.memory.state.CodiceAcq, "000_0");
+}
+
+TEST(Recognition, AStreamThatDoesNotAnswerCyclesAndSaysWhy) {
+    Simulated s;
+    s.Sim("misbehave silence command X forever");
+    ASSERT_TRUE(s.Start());
+    ASSERT_TRUE(s.RunUntil([&] { return PageOpen(s, "LeggoIn"); }, 2000));
+    s.Run(3000);
+    s.Sim("stream off");  // a live frame would close the message at once
+    ASSERT_TRUE(s.RunUntil([&] { return s.program.shell.state.beeps == 1; }, 6000));
+    memory::LeggoIn& page = s.program.memory.leggoIn;
+    EXPECT_EQ(page.Segnalazione.Text(), s.Text("SEGNALAZIONE_2", "LEGGOIN"));
+    EXPECT_TRUE(page.Esci.Visible() && page.Esci.Enabled());
+    EXPECT_EQ(s.program.link.state.StatoCmd, Idle);
+    EXPECT_EQ(s.program.link.state.CentralinaDaRiconoscere, True);
+    EXPECT_FALSE(s.program.link.timers.TimeOutDati->Enabled());
+    // The next live frame closes the page and starts over.
+    s.Sim("stream on");
+    ASSERT_TRUE(s.RunUntil([&] { return s.unit.Seen().Of('X') == 3; }, 20000));
+    EXPECT_EQ(s.program.link.state.unanswered, 2);
+    s.Run(1500);
+    EXPECT_EQ(s.program.link.grafici.AttesaCausa.Text(), s.Text("CAUSA.5", "ATTESA"));
+    EXPECT_TRUE(s.program.link.grafici.AttesaCausa.Visible());
+}
+
+TEST(Recognition, ACablePulledInTheMiddleLeavesAPartialImageThatTheNextIdentificationDeletes) {
+    Simulated s;
+    ConnectUntilSecondArea(s);
+    s.Sim("cable out");
+    ASSERT_TRUE(s.RunUntil([&] { return s.program.shell.state.beeps == 1; }, 10000));
+    EXPECT_EQ(s.program.memory.leggoIn.Segnalazione.Text(), s.Text("SEGNALAZIONE_2", "LEGGOIN"));
+    EXPECT_EQ(s.files.Size(s.folder.Path() / "FILEEEEXT.APP"), 34U * 64);
+    EXPECT_EQ(s.program.shell.state.pointer, shell::Pointer::Normal);
+    s.Sim("cable in");
+    ASSERT_TRUE(s.RunUntil([&] { return s.program.link.state.FlussoAttivo == True; }, 60000));
+    EXPECT_EQ(s.files.Size(s.folder.Path() / "FILEEEEXT.APP"), 34U * 64);
+}
+
+TEST(Recognition, AnotherUnitCanBePutOnAtAnyMoment) {
+    Simulated s;
+    ASSERT_TRUE(s.Connect());
+    s.Sim("cable out");
+    ASSERT_TRUE(s.RunUntil([&] { return s.program.link.state.FlussoAttivo == False; }, 5000));
+    EXPECT_EQ(s.program.shell.state.SenzaImmagine, True);
+    EXPECT_EQ(s.program.link.state.VersioneECU, "");
+    s.Sim("image blank");
+    s.Sim("cable in");
+    ASSERT_TRUE(s.RunUntil([&] { return s.program.link.state.FlussoAttivo == True; }, 60000));
+    EXPECT_EQ(s.program.shell.state.ImmagineProgrammata, False);
+}
+
+TEST(Recognition, ACommandOfAPageThatWaitedForNobodyGivesWayToTheUnit) {
+    Simulated s;
+    s.Sim("cable out");
+    ASSERT_TRUE(s.Start());
+    ASSERT_TRUE(memory::StartErasing(s.program.memory)) << "the line is dead, but nothing forbids asking";
+    s.Run(500);
+    s.Sim("cable in");
+    EXPECT_TRUE(s.RunUntil([&] { return s.program.link.state.FlussoAttivo == True; }, 60000));
+    EXPECT_EQ(s.unit.Seen().Of('I'), 0);
+}
+
+// Whatever goes wrong in a read ends in the same place.
+TEST(Recognition, EveryFaultOfAReadEndsWithThePageUsable) {
+    for (const char* fault : {"silence", "cut", "length", "other-letter", "garble", "slow 9000"}) {
+        for (const char* letter : {"X", "L", "O"}) {
+            Simulated s;
+            s.Sim(std::string("misbehave ") + fault + " command " + letter + " forever");
+            ASSERT_TRUE(s.Start()) << fault << letter;
+            s.Run(30000);
+            EXPECT_NE(s.program.link.state.StatoCmd, 70) << fault << letter;
+            s.Sim("behave");
+            EXPECT_TRUE(s.RunUntil([&] { return s.program.link.state.FlussoAttivo == True; }, 120000))
+                << fault << letter;
+            EXPECT_EQ(s.unit.Seen().Of('W') + s.unit.Seen().Of('I') + s.unit.Seen().Of('S'), 0);
+        }
+    }
+}
+
+TEST(Recognition, AFullDiskEndsLikeASilentUnit) {
+    Simulated s;
+    ConnectUntilSecondArea(s);
+    s.host.files.FailWrites(true);
+    ASSERT_TRUE(s.RunUntil([&] { return s.program.shell.state.beeps == 1; }, 2000));
+    EXPECT_EQ(s.program.memory.leggoIn.Segnalazione.Text(), s.Text("SEGNALAZIONE_2", "LEGGOIN"));
+    EXPECT_EQ(s.program.link.state.StatoCmd, Idle);
+}
+
+}  // namespace
