@@ -17,8 +17,8 @@ constexpr std::array<int, 2> PressureEnds = {3104, 3106};  // manifold at idle a
 // What a full-load threshold accepts; holds for every pressure while no sensor has been acquired.
 constexpr Limits AnyPressure{0, 1500};
 
-constexpr std::size_t CutOffSelector = pages::NumberOf("SogliaTM");
-constexpr std::size_t IdleSelector = pages::NumberOf("SogliaMin");
+constexpr std::size_t CutOffSelector = table::NumberOf("SogliaTM");
+constexpr std::size_t IdleSelector = table::NumberOf("SogliaMin");
 
 // For each record the one whose bound it takes: itself, or the owner of the cell that it shares.
 using Owners = std::array<std::size_t, MemoriaCount>;
@@ -26,8 +26,8 @@ using Owners = std::array<std::size_t, MemoriaCount>;
 constexpr Owners BuildOwners(Bound Row::*bound) {
     Owners owners{};
     for (std::size_t i = 0; i < MemoriaCount; ++i) {
-        const Row& row = pages::Rows[i];
-        owners[i] = (row.*bound).source == Source::SameCell ? pages::OwnerOf(row.EE, bound) : i;
+        const Row& row = table::Rows[i];
+        owners[i] = (row.*bound).source == Source::SameCell ? table::OwnerOf(row.EE, bound) : i;
     }
     return owners;
 }
@@ -36,9 +36,9 @@ constexpr Owners BuildOwners(Bound Row::*bound) {
 constexpr Owners BuildNeighbours(Bound Row::*bound) {
     Owners neighbours{};
     for (std::size_t i = 0; i < MemoriaCount; ++i) {
-        const Bound& of = pages::Rows[i].*bound;
+        const Bound& of = table::Rows[i].*bound;
         const bool follows = of.source == Source::Dato0 || of.source == Source::Dato1;
-        neighbours[i] = follows ? pages::OwnerOf(of.value, bound) : MemoriaCount;
+        neighbours[i] = follows ? table::OwnerOf(of.value, bound) : MemoriaCount;
     }
     return neighbours;
 }

@@ -5,7 +5,7 @@
 
 namespace tuning {
 
-const std::array<Row, MemoriaCount> ParameterRows = pages::Rows;
+const std::array<Row, MemoriaCount> ParameterRows = table::Rows;
 
 namespace {
 

@@ -25,7 +25,7 @@ struct Entry {
 
 constexpr std::size_t CountNamed() {
     return static_cast<std::size_t>(
-        std::count_if(pages::Rows.begin(), pages::Rows.end(), [](const Row& row) { return !row.name.empty(); }));
+        std::count_if(table::Rows.begin(), table::Rows.end(), [](const Row& row) { return !row.name.empty(); }));
 }
 
 constexpr bool Before(const Entry& a, const Entry& b) {
@@ -37,7 +37,7 @@ constexpr auto BuildEntries() {
     std::array<Entry, CountNamed() + CalibrationCount> entries{};
     std::size_t next = 0;
     for (std::size_t i = 0; i < MemoriaCount; ++i) {
-        const Row& row = pages::Rows[i];
+        const Row& row = table::Rows[i];
         if (!row.name.empty()) entries[next++] = {{row.name, row.number}, {false, i}};
     }
     for (std::size_t i = 0; i < CalibrationCount; ++i) {

@@ -4,7 +4,7 @@
 
 // The single parameters, page by page, in the order of the pages' fields. Addresses, widths and limits are those of
 // the unit's own program.
-namespace tuning::pages {
+namespace tuning::table {
 
 using enum Conversion;
 
@@ -211,4 +211,4 @@ inline constexpr Row Settings[] = {
     {"FunzLed", -1, 3324, NoWorkingCopy, 1, At(0), At(1), Choice, 2},
 };
 
-}  // namespace tuning::pages
+}  // namespace tuning::table

@@ -6,7 +6,7 @@
 #include "tuning/parameter_pages.h"
 
 // The whole table, put together at compile time: the tables of cells that follow a rule, then the single parameters.
-namespace tuning::pages {
+namespace tuning::table {
 
 class TableBuilder {
   public:
@@ -124,4 +124,4 @@ constexpr std::size_t OwnerOf(int address, Bound Row::*bound) {
     return at;
 }
 
-}  // namespace tuning::pages
+}  // namespace tuning::table
