@@ -55,12 +55,16 @@ bool IsInternal(int address) {
     return address >= FirstInternal && address <= LastInternal;
 }
 
+std::string JoinLines(std::string_view content) {
+    std::string image;
+    while (!content.empty()) image += NextLine(content);
+    return image;
+}
+
 std::optional<std::string> LeggiImmagine(platform::Files& files, const platform::Path& file) {
     const auto content = files.Read(file);
     if (!content) return std::nullopt;
-    std::string image;
-    for (std::string_view rest = *content; !rest.empty();) image += NextLine(rest);
-    return image;
+    return JoinLines(*content);
 }
 
 std::optional<Areas> LeggiAree(platform::Files& files, const platform::Path& file) {

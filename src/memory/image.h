@@ -25,6 +25,9 @@ inline constexpr std::uint64_t ImageFileSize = std::uint64_t{ImageLines} * LineL
 
 bool IsInternal(int address);
 
+// The lines of a file's content with their ends dropped and joined, whatever they hold.
+std::string JoinLines(std::string_view content);
+
 // The image of one file as one text of digits, ESTERNA then INTERNA: the lines with their ends dropped and joined. A
 // short file gives a short text. Nothing when the file cannot be read.
 std::optional<std::string> LeggiImmagine(platform::Files& files, const platform::Path& file);
