@@ -142,6 +142,7 @@ void StreamLost(Link& link) {
     link.state.BufferRx.clear();
     link.state.CentralinaDaRiconoscere = True;
     link.shell.state.SenzaImmagine = True;
+    link.shell.state.ImmagineProgrammata = True;  // no image is held that could be blank
     link.state.VersioneECU.clear();
     link.state.unanswered = 0;
     link.shell.main.SetEnabled(true);

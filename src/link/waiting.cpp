@@ -117,13 +117,14 @@ void ShowCheck(Link& link, const Facts& facts) {
     ShowSentence(link, page.AttesaRimedio, "RIMEDIO.", check, Group(facts), User(facts));
 }
 
-enum class Word { Waiting, Identifying, Reading, OldProgram, Ready, Command };
-constexpr std::array<const char*, 6> Words{"ATTESA.0", "RICONOSCE.0", "LEGGE.0", "VECCHIA.0", "PRONTA.0", "COMANDO.0"};
+enum class Word { Waiting, Identifying, Reading, OldProgram, Ready, Command, Lost };
+constexpr std::array<const char*, 7> Words{"ATTESA.0", "RICONOSCE.0", "LEGGE.0", "VECCHIA.0",
+                                           "PRONTA.0", "COMANDO.0",   "PERSA.0"};
 
 Word WordOf(const Link& link) {
     constexpr int Identification = 80;
     constexpr int SecondArea = 89;
-    if (link.state.CentralinaDaRiconoscere == shell::True) return Word::Waiting;
+    if (link.state.CentralinaDaRiconoscere == shell::True) return link.state.heard ? Word::Lost : Word::Waiting;
     if (link.state.StatoCmd == SecondArea) return Word::Reading;
     if (link.state.StatoCmd == Identification) {
         if (link.shell.state.FirmwareVecchio == shell::True && !link.timers.TimeOutComandi->Enabled())
@@ -167,7 +168,9 @@ void ShowLinkState(Link& link) {
     link.shell.main.Versione.SetText(link.state.VersioneECU.empty()
                                          ? std::string()
                                          : Fill(link.shell.TestoLingua("VERSIONE.0", "STATO"), link.state.VersioneECU));
-    if (word == Word::Waiting) ShowWaiting(link);
+    if (word != Word::Waiting && word != Word::Lost) return;
+    link.shell.main.Codice.SetText({});
+    ShowWaiting(link);
 }
 
 }  // namespace eculink
