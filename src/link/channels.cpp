@@ -242,9 +242,13 @@ double ReducedRange(const Link& link, int channel) {
 }  // namespace
 
 std::string InstrumentText(const Link& link, int channel) {
+    return InstrumentText(link, channel, link.state.VistaDati);
+}
+
+std::string InstrumentText(const Link& link, int channel, int view) {
     constexpr double ReducedTop = 255;
     const auto c = static_cast<std::size_t>(channel);
-    if (link.state.VistaDati == EngineeringView) return link.RecCanali.Valore[c];
+    if (view == EngineeringView) return link.RecCanali.Valore[c];
     const std::string& raw = link.RecCanali.Grezzo[c];
     const double range = link.shell.state.RisoluzionePiena == shell::True ? 0 : ReducedRange(link, channel);
     if (range == 0 || !IsNumeric(raw)) return raw;

@@ -75,7 +75,9 @@ void AzzeraDati(Link& link);
 void AggiornaCanali(Link& link, double valoreMAP);
 // The automatic scale of one channel and view from its running limits.
 void NuovaScala(ChannelInfo& channel, int view);
-// The text of a channel as the instrument shows it in the view in force, without any flag in front.
+// The text of a channel as an instrument shows it in that view, without any flag in front; without a view, in the one
+// in force.
+std::string InstrumentText(const Link& link, int channel, int view);
 std::string InstrumentText(const Link& link, int channel);
 
 // A text in a fixed field: right-aligned; one that is too long keeps its beginning.

@@ -169,7 +169,9 @@ Outcome PageStack::EditCell(Control& control, int row, int column, std::string_v
         return Outcome::Refused(Reason::NoSuchEntry);
     }
     control.Owner().SetFocus(&control);
-    control.onCell(row, column, Filtered(control, text));
+    const std::string typed = Filtered(control, text);
+    if (typed.empty() && !text.empty()) return Outcome::Done();  // every key was dropped: the cell stands
+    control.onCell(row, column, typed);
     return Outcome::Done();
 }
 

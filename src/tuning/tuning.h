@@ -6,6 +6,7 @@
 #include "tuning/calibration_map.h"
 #include "tuning/cell_reader.h"
 #include "tuning/conversions.h"
+#include "tuning/messal1.h"
 #include "tuning/parameter_map.h"
 
 namespace tuning {
@@ -20,6 +21,7 @@ struct Tuning {
     std::string image;  // of the unit connected, as decoded last: 4096 digits
     MemoriaTable memoria;
     CalibrationTable calibration;
+    MessaL1 messaL1{*this};
 
     // Reads cells of the image held; the reader must not outlive this object.
     CellReader Cells() const;

@@ -1,0 +1,254 @@
+#include "tuning/messal1.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "link/frames/numbers.h"
+#include "shell/message.h"
+#include "tuning/tuning.h"
+
+namespace tuning {
+
+namespace {
+
+using frames::Format0;
+using frames::ValoreNum;
+using pages::Reason;
+
+constexpr double LeastCell = 5;
+constexpr double LargestCell = 210;
+constexpr double LargestByte = 0xFF;
+constexpr double LargestWord = 0xFFFF;
+constexpr double LargestCount = 1023;
+constexpr std::size_t AxisDigits = 5;
+constexpr const char* NoFigure = "****";
+constexpr int Headers = 1;  // rows above the cells, and columns left of them
+constexpr int FirstAnchor = 1;
+constexpr int LastAnchor = 7;  // of the rows of a column; those between them are worked out
+
+constexpr int RowOf(int cell) {
+    return cell % MapRows + Headers;
+}
+constexpr int ColumnOf(int cell) {
+    return cell / MapRows + Headers;
+}
+
+std::optional<double> Pressure(const Context& context, double count) {
+    return frames::ConverteMAP(count, PointsInUnit, context.datiLunghi, context.tabella);
+}
+
+std::string PressureText(const Context& context, double count) {
+    const auto mbar = Pressure(context, count);
+    return mbar ? Format0(*mbar) : std::string(NoFigure);
+}
+
+int Whole(const std::string& text, double largest) {
+    return static_cast<int>(frames::RoundHalfEven(std::clamp(ValoreNum(text), 0.0, largest)));
+}
+
+}  // namespace
+
+MessaL1::MessaL1(Tuning& owner) : Page("MessaL1"), tuning_(owner) {
+    shell::Shell& shell = owner.memory.link.shell;
+    for (int column = 0; column < MapColumns; ++column) Giri[column].onLeave = [this, column] { GiriLeft(column); };
+    for (int row = 0; row < MapRows; ++row) MAPV[row].onLeave = [this, row] { MAPVLeft(row); };
+    const auto prepare = [this](pages::Field& field) {
+        field.filter = pages::KeyFilter::Digits;
+        field.SetMaxLength(AxisDigits);
+        field.onChange = [this] { Edited(); };
+    };
+    for (const auto& field : Giri) prepare(*field);
+    for (const auto& field : MAPV) prepare(*field);
+    LambdaRicco.filter = pages::KeyFilter::Digits;
+    LambdaRicco.onCell = [this](int row, int column, const std::string& text) { CellLeft(row, column, text); };
+    Modifica.onPress = [this] {
+        SetEditing(!editing_);
+        if (editing_) SetFocus(&LambdaRicco);
+    };
+    Distribuisci.onPress = [this] { Spread(); };
+    LimDistr.onPress = [this] { Tell(tuning_.memory.link.shell.TestoLingua("LIMDISTR.1", "MESSAL1")); };
+    Memorizza.onPress = [this] { Store(); };
+    RileggoReset.onPress = [this] { BeginReading(ReadingAgain, LiveReads()); };
+    Esci.onPress = [this] { Leave(); };
+    Esci.escapes = true;
+    BindKey("Esc", Esci);
+    onClose = [this] { Leave(); };
+    TVis = shell.host.timers.Make(DisplayInterval);
+    TVis->SetHandler([this] { ShowLive(); });
+    AddStates();
+    shell.AddDialog(*this);
+}
+
+void MessaL1::Opening() {
+    held_ = {};
+    tableRead_ = false;
+    LoadTexts();
+    for (const auto& field : Giri) field->SetText({});
+    for (const auto& field : MAPV) field->SetText({});
+    LambdaRicco.SetCells(pages::Cells(MapRows + Headers, std::vector<std::string>(MapColumns + Headers)), Headers,
+                         Headers);
+    MarkChanges();
+    SetEditing(false);
+    SetTableWhy(Reason::None);
+    ShowLive();
+    TVis->SetEnabled(true);
+    BeginReading(ReadingTable, OpeningReads());
+}
+
+void MessaL1::Closed() {
+    TVis->SetEnabled(false);
+}
+
+void MessaL1::LoadTexts() {
+    const shell::Shell& shell = tuning_.memory.link.shell;
+    SetTitle(shell.TestoLingua("CAPTION", "MESSAL1"));
+    LabGiri.SetText(shell.TestoLingua("GIRI.0", "MESSAL1"));
+    LabMAPV.SetText(shell.TestoLingua("MAP.0", "MESSAL1"));
+    Distribuisci.SetText(shell.TestoLingua("DISTRIBUISCI.0", "TASTI"));
+    LimDistr.SetText(shell.TestoLingua("LIMDISTR.0", "MESSAL1"));
+    Memorizza.SetText(shell.TestoLingua("MEMORIZZA.0", "TASTI"));
+    RileggoReset.SetText(shell.TestoLingua("RILEGGORESET.0", "MESSAL1"));
+    Esci.SetText(shell.TestoLingua("ESCI.0", "TASTI"));
+    LoadLiveTexts();
+}
+
+void MessaL1::SetEditing(bool on) {
+    const shell::Shell& shell = tuning_.memory.link.shell;
+    editing_ = on;
+    Modifica.SetText(on ? shell.TestoLingua("MODIFICA.1", "TASTI") : shell.TestoLingua("MODIFICA.0", "TASTI"));
+    LambdaRicco.SetLocked(!on);
+    for (const auto& field : Giri) field->SetLocked(!on);
+    // A pressure without a figure cannot be converted back: no sensor has been acquired.
+    for (const auto& field : MAPV) field->SetLocked(!on || field->Text() == NoFigure);
+}
+
+void MessaL1::SetTableWhy(Reason why) {
+    for (pages::Button* button : {&Modifica, &Distribuisci, &Memorizza, &RileggoReset}) button->SetWhy(why);
+}
+
+void MessaL1::Tell(std::string text) {
+    Segnalazione.SetText(std::move(text));
+}
+
+const std::string& MessaL1::CellText(int cell) const {
+    return LambdaRicco.GetCells()
+        .at(static_cast<std::size_t>(RowOf(cell)))
+        .at(static_cast<std::size_t>(ColumnOf(cell)));
+}
+
+void MessaL1::SetCellText(int cell, const std::string& text) {
+    LambdaRicco.SetCell(RowOf(cell), ColumnOf(cell), text);
+}
+
+void MessaL1::ShowMap(const BaseMap& map) {
+    const Context context = tuning_.CurrentContext();
+    for (int column = 0; column < MapColumns; ++column) {
+        Giri[column].SetText(Format0(map.Giri[static_cast<std::size_t>(column)]));
+        LambdaRicco.SetCell(0, column + Headers, Giri[column].Text());
+    }
+    for (int row = 0; row < MapRows; ++row) {
+        const auto at = static_cast<std::size_t>(row);
+        readMAPV_[at] = PressureText(context, map.MAPV[at]);
+        MAPV[row].SetText(readMAPV_[at]);
+        LambdaRicco.SetCell(row + Headers, 0, readMAPV_[at]);
+    }
+    ShowCells(map);
+}
+
+void MessaL1::ShowCells(const BaseMap& map) {
+    for (int cell = 0; cell < MapCells; ++cell)
+        SetCellText(cell, Format0(map.LambdaRicco[static_cast<std::size_t>(cell)]));
+}
+
+void MessaL1::GiriLeft(int column) {
+    Giri[column].SetText(Format0(std::min(ValoreNum(Giri[column].Text()), LargestWord)));
+    LambdaRicco.SetCell(0, column + Headers, Giri[column].Text());
+    Edited();
+}
+
+// A pressure that the sensor cannot tell is brought to the nearest one that it can.
+void MessaL1::MAPVLeft(int row) {
+    const Context context = tuning_.CurrentContext();
+    const auto none = Pressure(context, 0);
+    const auto full = Pressure(context, LargestCount);
+    const double typed = ValoreNum(MAPV[row].Text());
+    MAPV[row].SetText(none && full ? Format0(std::clamp(typed, std::min(*none, *full), std::max(*none, *full)))
+                                   : readMAPV_[static_cast<std::size_t>(row)]);
+    LambdaRicco.SetCell(row + Headers, 0, MAPV[row].Text());
+    Edited();
+}
+
+void MessaL1::CellLeft(int row, int column, const std::string& text) {
+    LambdaRicco.SetCell(row, column, Format0(std::clamp(ValoreNum(text), LeastCell, LargestCell)));
+    Edited();
+}
+
+void MessaL1::Edited() {
+    Tell({});
+    MarkChanges();
+}
+
+bool MessaL1::CellChanged(int cell) const {
+    return CellText(cell) != Format0(held_.LambdaRicco[static_cast<std::size_t>(cell)]);
+}
+
+void MessaL1::MarkChanges() {
+    for (int column = 0; column < MapColumns; ++column) {
+        const std::string read = Format0(held_.Giri[static_cast<std::size_t>(column)]);
+        Giri[column].SetChanged(tableRead_ && Giri[column].Text() != read);
+    }
+    for (int row = 0; row < MapRows; ++row)
+        MAPV[row].SetChanged(tableRead_ && MAPV[row].Text() != readMAPV_[static_cast<std::size_t>(row)]);
+    bool changed = false;
+    for (int cell = 0; cell < MapCells && tableRead_ && !changed; ++cell) changed = CellChanged(cell);
+    LambdaRicco.SetChanged(changed);
+}
+
+bool MessaL1::Unsaved() const {
+    return std::any_of(Controls().begin(), Controls().end(), [](const pages::Control* c) { return c->Changed(); });
+}
+
+// The rows between the anchors of each column are put on the straight line between them; row 0 is left alone.
+void MessaL1::Spread() {
+    for (int column = 0; column < MapColumns; ++column) {
+        const int first = MapRows * column + FirstAnchor;
+        const int last = MapRows * column + LastAnchor;
+        double figure = ValoreNum(CellText(first));
+        const double delta = (ValoreNum(CellText(last)) - figure) / (last - first);
+        for (int cell = first + 1; cell < last; ++cell) {
+            figure = std::clamp(figure + delta, LeastCell, LargestCell);
+            SetCellText(cell, Format0(figure));
+        }
+    }
+    Edited();
+    Tell(tuning_.memory.link.shell.TestoLingua("SEGNALAZIONE_6", "MESSAL1"));
+}
+
+// An axis figure that was not touched goes out as it was read: not every count comes back from its pressure.
+BaseMap MessaL1::MapOnPage() {
+    const Context context = tuning_.CurrentContext();
+    BaseMap map = held_;
+    for (int column = 0; column < MapColumns; ++column)
+        map.Giri[static_cast<std::size_t>(column)] = Whole(Giri[column].Text(), LargestWord);
+    for (int row = 0; row < MapRows; ++row) {
+        const auto at = static_cast<std::size_t>(row);
+        if (MAPV[row].Text() == readMAPV_[at]) continue;
+        const auto count =
+            frames::MAPCount(ValoreNum(MAPV[row].Text()), PointsInUnit, context.datiLunghi, context.tabella);
+        if (count) map.MAPV[at] = static_cast<int>(*count);
+    }
+    for (int cell = 0; cell < MapCells; ++cell)
+        map.LambdaRicco[static_cast<std::size_t>(cell)] = Whole(CellText(cell), LargestByte);
+    return map;
+}
+
+void MessaL1::Leave() {
+    shell::Shell& shell = tuning_.memory.link.shell;
+    if (!Unsaved()) return shell.stack.ClosePage(*this);
+    MostraMessaggio(shell, shell::UsualTitle(shell), shell.TestoLingua("ERRORE_20", "ERRORI"), shell::StyleQuestion,
+                    [this, &shell](shell::Answer answer) {
+                        if (answer == shell::Answer::Yes && IsOpen()) shell.stack.ClosePage(*this);
+                    });
+}
+
+}  // namespace tuning

@@ -1,0 +1,155 @@
+#include "link/catalogue.h"
+#include "link/frames/build.h"
+#include "link/transaction.h"
+#include "tuning/messal1.h"
+#include "tuning/tuning.h"
+
+namespace tuning {
+
+namespace {
+
+using eculink::StateRow;
+using eculink::TimeOut;
+
+constexpr int StoringSpare = 160;  // kept beside the three of the store; nothing starts it
+constexpr int StoringAxes = 161;
+constexpr int StoringLive = 165;
+constexpr int StoringCells = 166;
+
+constexpr auto StoreStates = std::to_array<int>({StoringSpare, StoringAxes, StoringLive, StoringCells});
+
+char LowerCase(char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+// Several memories answer in one state: a reply of another one than was asked last is a stray.
+bool AnswersPending(const eculink::Link& link, const std::string& frame) {
+    return link.state.ComandoTx.size() > 1 && frame.at(1) == LowerCase(link.state.ComandoTx[1]);
+}
+
+}  // namespace
+
+void MessaL1::AddStates() {
+    eculink::Link& link = tuning_.memory.link;
+    eculink::Catalogue& catalogue = link.catalogue;
+    const auto accepts = [&link](const std::string& frame) { return AnswersPending(link, frame); };
+    for (const int state : StoreStates) {
+        catalogue.Add(
+            StateRow{state, "wis", TimeOut::S}, [this](const std::string&) { return StoreReply(); },
+            [this] { Finish(tuning_.memory.link.shell.TestoLingua("ERRORE_3", "ERRORI")); },
+            [this](int) { Finish({}); });
+        catalogue.AcceptOnly(state, accepts);
+    }
+    catalogue.Add(
+        StateRow{ReadingTable, "lor", TimeOut::S2},
+        [this](const std::string& frame) { return ReadReply(frame, &MessaL1::TableRead); }, {},
+        [this](int) { ReadingFailed(); });
+    catalogue.AcceptOnly(ReadingTable, accepts);
+    catalogue.Add(
+        StateRow{ReadingAgain, "r", TimeOut::S3},
+        [this](const std::string& frame) { return ReadReply(frame, &MessaL1::TableReadAgain); }, {},
+        [this](int) { Finish({}); });
+}
+
+void MessaL1::Begin(std::string text, std::size_t frames) {
+    frames_ = frames;
+    replies_ = 0;
+    Tell(std::move(text));
+    ShowProgress();
+    SetEnabled(false);
+}
+
+void MessaL1::ShowProgress() {
+    constexpr std::size_t Percent = 100;
+    Avanzamento.SetText(std::to_string(frames_ == 0 ? 0 : replies_ * Percent / frames_));
+    Avanzamento.SetVisible(true);
+}
+
+void MessaL1::Finish(std::string text) {
+    Tell(std::move(text));
+    Avanzamento.SetVisible(false);
+    SetEnabled(true);
+}
+
+void MessaL1::BeginReading(int state, std::vector<MapFrame> reads) {
+    eculink::Link& link = tuning_.memory.link;
+    if (!eculink::StartTransaction(link, state, ReadChain(reads))) {
+        if (!tableRead_) ReadingFailed();
+        return;
+    }
+    reads_ = std::move(reads);
+    moving_ = held_;
+    Begin(link.shell.TestoLingua("SEGNALAZIONE_3", "MESSAL1"), reads_.size());
+}
+
+bool MessaL1::ReadReply(const std::string& frame, void (MessaL1::*done)()) {
+    if (replies_ >= reads_.size() || !TakeReply(reads_[replies_], frames::Payload(frame), moving_)) return false;
+    ++replies_;
+    ShowProgress();
+    if (!eculink::ContinueChain(tuning_.memory.link)) (this->*done)();
+    return true;
+}
+
+void MessaL1::TableRead() {
+    held_ = moving_;
+    tableRead_ = true;
+    ShowMap(held_);
+    MarkChanges();
+    Finish({});
+}
+
+void MessaL1::TableReadAgain() {
+    held_.LambdaRicco = moving_.LambdaRicco;
+    ShowCells(held_);
+    MarkChanges();
+    Finish(tuning_.memory.link.shell.TestoLingua("SEGNALAZIONE_5", "MESSAL1"));
+}
+
+// What was read in part is not shown: nothing of it may be stored.
+void MessaL1::ReadingFailed() {
+    Finish(tuning_.memory.link.shell.TestoLingua("ERRORE_18", "ERRORI"));
+    SetTableWhy(pages::Reason::ReadingFailed);
+    SetFocus(&Esci);
+}
+
+// The axes first, then column by column the live cells and the permanent ones.
+void MessaL1::Store() {
+    eculink::Link& link = tuning_.memory.link;
+    if (link.state.StatoCmd != eculink::Idle) return;
+    moving_ = MapOnPage();
+    stretches_.clear();
+    std::size_t frames = AxisWrites().size();
+    for (int column = 0; column < MapColumns; ++column) {
+        const std::vector<MapFrame> live = LiveColumnWrites(column);
+        const std::vector<MapFrame> stored = StoredColumnWrites(column);
+        stretches_.push_back({StoringLive, WriteChain(live, moving_)});
+        stretches_.push_back({StoringCells, WriteChain(stored, moving_)});
+        frames += live.size() + stored.size();
+    }
+    Begin(link.shell.TestoLingua("SEGNALAZIONE_4", "MESSAL1"), frames);
+    eculink::StartTransaction(link, StoringAxes, WriteChain(AxisWrites(), moving_));
+}
+
+bool MessaL1::StoreReply() {
+    eculink::Link& link = tuning_.memory.link;
+    ++replies_;
+    ShowProgress();
+    if (eculink::ContinueChain(link)) return true;
+    if (stretches_.empty()) {
+        Stored();
+        return true;
+    }
+    const Stretch next = std::move(stretches_.front());
+    stretches_.pop_front();
+    eculink::SendFrame(link, next.state, next.chain);
+    return true;
+}
+
+void MessaL1::Stored() {
+    held_ = moving_;
+    for (int row = 0; row < MapRows; ++row) readMAPV_[static_cast<std::size_t>(row)] = MAPV[row].Text();
+    MarkChanges();
+    Finish(tuning_.memory.link.shell.TestoLingua("SEGNALAZIONE_1", "MESSAL1"));
+}
+
+}  // namespace tuning
