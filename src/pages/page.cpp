@@ -62,4 +62,11 @@ Button* Page::KeyButton(std::string_view key) const {
     return nullptr;
 }
 
+std::string_view Page::KeyOf(const Button& button) const {
+    for (const KeyRow& row : keys_) {
+        if (row.button == &button) return row.key;
+    }
+    return {};
+}
+
 }  // namespace pages

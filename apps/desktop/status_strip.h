@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QLabel>
+#include <QTimer>
+#include <QWidget>
+
+#include "desktop/grafici_view.h"
+#include "desktop/widgets/picture_view.h"
+
+namespace desktop {
+
+// A label that shows the beginning of a text too long for it, and never asks for more room.
+class ShortLabel : public QWidget, public Shows {
+    Q_OBJECT
+  public:
+    explicit ShortLabel(QWidget* parent);
+
+    void Show(const pages::Control& control, const Look& look) override;
+    void SetText(const QString& text);
+    QSize sizeHint() const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QString text_;
+};
+
+// The status bar: the link, the reception lamps, the unit, the recording; between them what the program has to say
+// about the thing under the pointer, else what stands in the receive buffer.
+class StatusStrip : public QWidget {
+    Q_OBJECT
+  public:
+    StatusStrip(eculink::Link& link, const Look& look);
+
+    void Sync();
+    // A sentence for the moment; an empty one takes it away.
+    void Hint(const QString& text);
+    // A refusal stays long enough to be read.
+    void Tell(const QString& text);
+    void NameLamps(PageView& view);
+
+  private:
+    eculink::Link& link_;
+    const Look& look_;
+    PictureView* linkPicture_;
+    QLabel* hint_;
+    ShortLabel* buffer_;
+    QWidget* recordingDot_;
+    QTimer away_;
+    QString seenRecording_;
+};
+
+}  // namespace desktop

@@ -1,0 +1,224 @@
+#include "desktop/widgets/grid_view.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QRegularExpressionValidator>
+#include <QStyledItemDelegate>
+#include <algorithm>
+#include <limits>
+
+namespace desktop {
+
+namespace {
+
+constexpr int MarkFrame = 3;
+constexpr int CellPadding = 14;
+constexpr int MostRowsShown = 16;
+constexpr int LeastRowsShown = 4;
+
+std::size_t Index(int number) {
+    return static_cast<std::size_t>(number);
+}
+
+const std::string& CellText(const pages::Cells& cells, int row, int column) {
+    static const std::string none;
+    if (row < 0 || Index(row) >= cells.size()) return none;
+    const auto& line = cells[Index(row)];
+    return column < 0 || Index(column) >= line.size() ? none : line[Index(column)];
+}
+
+int ColumnsOf(const pages::Cells& cells) {
+    std::size_t most = 0;
+    for (const auto& line : cells) most = std::max(most, line.size());
+    return static_cast<int>(most);
+}
+
+// From a cool to a warm ground; on both the text keeps its contrast.
+QColor SurfaceColour(double share, const Theme& theme) {
+    const QColor low = theme.dark ? QColor("#16324a") : QColor("#dcecf9");
+    const QColor high = theme.dark ? QColor("#5a2c12") : QColor("#fbd9c0");
+    const auto between = [share](int a, int b) { return a + static_cast<int>(share * (b - a)); };
+    return {between(low.red(), high.red()), between(low.green(), high.green()), between(low.blue(), high.blue())};
+}
+
+}  // namespace
+
+class GridDelegate : public QStyledItemDelegate {
+  public:
+    explicit GridDelegate(GridView& grid) : QStyledItemDelegate(&grid), grid_(grid) {}
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex&) const override {
+        auto* edit = new QLineEdit(parent);
+        edit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        edit->setFrame(false);
+        if (grid_.digits_) {
+            static const QRegularExpression digits(QStringLiteral("[0-9]*"));
+            edit->setValidator(new QRegularExpressionValidator(digits, edit));
+        }
+        if (grid_.maxLength_ != 0) edit->setMaxLength(static_cast<int>(grid_.maxLength_));
+        return edit;
+    }
+    void setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const override {
+        const auto* edit = qobject_cast<QLineEdit*>(editor);
+        if (edit != nullptr && grid_.onEdit)
+            grid_.onEdit(index.row() + grid_.headerRows_, index.column() + grid_.headerColumns_, edit->text());
+    }
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        if (index.row() != grid_.markedRow_ || index.column() != grid_.markedColumn_) return;
+        painter->save();
+        painter->setPen(QPen(grid_.markInk_, MarkFrame));
+        painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
+        painter->restore();
+    }
+
+  protected:
+    // Up, down and Enter end the edit and go on, as in any table of figures.
+    bool eventFilter(QObject* editor, QEvent* event) override {
+        if (event->type() == QEvent::KeyPress) {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            const bool up = key == Qt::Key_Up;
+            if (up || key == Qt::Key_Down || key == Qt::Key_Return || key == Qt::Key_Enter) {
+                emit commitData(static_cast<QWidget*>(editor));
+                emit closeEditor(static_cast<QWidget*>(editor), NoHint);
+                const int row = grid_.currentRow() + (up ? -1 : 1);
+                if (row >= 0 && row < grid_.rowCount()) grid_.setCurrentCell(row, grid_.currentColumn());
+                return true;
+            }
+        }
+        return QStyledItemDelegate::eventFilter(editor, event);
+    }
+
+  private:
+    GridView& grid_;
+};
+
+GridView::GridView(QWidget* parent) : QTableWidget(parent) {
+    setItemDelegate(new GridDelegate(*this));
+    setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+    setTabKeyNavigation(false);
+    setSelectionMode(SingleSelection);
+    setCornerButtonEnabled(false);
+    setVerticalScrollMode(ScrollPerPixel);
+    horizontalHeader()->setSectionsClickable(false);
+    verticalHeader()->setSectionsClickable(false);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+}
+
+void GridView::Show(const pages::Control& control, const Look& look) {
+    locked_ = control.Locked() || !control.onCell;
+    digits_ = control.filter == pages::KeyFilter::Digits;
+    maxLength_ = control.MaxLength();
+    setEditTriggers(locked_ ? QAbstractItemView::EditTriggers(NoEditTriggers)
+                            : DoubleClicked | EditKeyPressed | AnyKeyPressed);
+    headerRows_ = std::min(control.HeaderRows(), 1);
+    headerColumns_ = std::min(control.HeaderColumns(), 1);
+    markInk_ = look.theme.accent;
+    markedRow_ = control.MarkedRow() - headerRows_;
+    markedColumn_ = control.MarkedColumn() - headerColumns_;
+    Fill(control, look);
+    if (surface_) Shade(control, look);
+    viewport()->update();
+}
+
+// A new shape makes the table anew; else only the texts that differ are touched.
+void GridView::Fill(const pages::Control& control, const Look& look) {
+    const pages::Cells& cells = control.GetCells();
+    const int rows = std::max(0, static_cast<int>(cells.size()) - headerRows_);
+    const int columns = std::max(0, ColumnsOf(cells) - headerColumns_);
+    const bool reshaped = rows != rowCount() || columns != columnCount();
+    if (reshaped) {
+        setRowCount(rows);
+        setColumnCount(columns);
+        horizontalHeader()->setVisible(headerRows_ > 0);
+        verticalHeader()->setVisible(headerColumns_ > 0);
+    }
+    bool wider = reshaped;
+    const auto put = [&](QTableWidgetItem* item, const std::string& text) {
+        const QString shown = Words(platform::Trim(text));
+        if (item->text() == shown) return;
+        wider = wider || shown.size() > item->text().size();
+        item->setText(shown);
+    };
+    for (int column = 0; headerRows_ > 0 && column < columns; ++column) {
+        if (horizontalHeaderItem(column) == nullptr) setHorizontalHeaderItem(column, new QTableWidgetItem);
+        put(horizontalHeaderItem(column), CellText(cells, 0, column + headerColumns_));
+    }
+    for (int row = 0; row < rows; ++row) {
+        if (headerColumns_ > 0) {
+            if (verticalHeaderItem(row) == nullptr) setVerticalHeaderItem(row, new QTableWidgetItem);
+            put(verticalHeaderItem(row), CellText(cells, row + headerRows_, 0));
+        }
+        for (int column = 0; column < columns; ++column) {
+            QTableWidgetItem* cell = item(row, column);
+            if (cell == nullptr) {
+                cell = new QTableWidgetItem;
+                cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+                const bool header =
+                    row + headerRows_ < control.HeaderRows() || column + headerColumns_ < control.HeaderColumns();
+                if (header) {
+                    cell->setFlags(Qt::ItemIsEnabled);
+                    cell->setBackground(look.theme.window);
+                }
+                setItem(row, column, cell);
+            }
+            put(cell, CellText(cells, row + headerRows_, column + headerColumns_));
+        }
+    }
+    if (wider) {
+        resizeColumnsToContents();
+        for (int column = 0; column < columns; ++column) setColumnWidth(column, columnWidth(column) + CellPadding);
+        updateGeometry();
+    }
+}
+
+void GridView::Shade(const pages::Control& control, const Look& look) {
+    double low = std::numeric_limits<double>::max();
+    double high = std::numeric_limits<double>::lowest();
+    const auto figureOf = [this](int row, int column) { return item(row, column)->text().toDouble(); };
+    const int firstRow = control.HeaderRows() - headerRows_;
+    const int firstColumn = control.HeaderColumns() - headerColumns_;
+    for (int row = firstRow; row < rowCount(); ++row) {
+        for (int column = firstColumn; column < columnCount(); ++column) {
+            low = std::min(low, figureOf(row, column));
+            high = std::max(high, figureOf(row, column));
+        }
+    }
+    for (int row = firstRow; row < rowCount(); ++row) {
+        for (int column = firstColumn; column < columnCount(); ++column) {
+            const double share = high > low ? (figureOf(row, column) - low) / (high - low) : 0;
+            item(row, column)->setBackground(SurfaceColour(share, look.theme));
+        }
+    }
+}
+
+QSize GridView::sizeHint() const {
+    const int frame = 2 * frameWidth();
+    const int header = horizontalHeader()->isVisible() ? horizontalHeader()->sizeHint().height() : 0;
+    const int rows = std::clamp(rowCount(), LeastRowsShown, MostRowsShown);
+    const int side = verticalHeader()->isVisible() ? verticalHeader()->sizeHint().width() : 0;
+    return {side + horizontalHeader()->length() + frame,
+            header + rows * verticalHeader()->defaultSectionSize() + frame};
+}
+
+QSize GridView::minimumSizeHint() const {
+    const int rows = std::min(rowCount(), LeastRowsShown);
+    return {std::min(sizeHint().width(), fontMetrics().averageCharWidth() * 30),
+            horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize()};
+}
+
+// Enter and Tab belong to the page; a locked table takes no characters.
+void GridView::keyPressEvent(QKeyEvent* event) {
+    if (locked_ && !event->text().isEmpty() && event->text().front().isPrint()) return event->ignore();
+    QTableWidget::keyPressEvent(event);
+}
+
+void GridView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    QTableWidget::closeEditor(editor, hint);
+    setFocus();
+}
+
+}  // namespace desktop

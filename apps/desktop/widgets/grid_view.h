@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QTableWidget>
+
+#include "desktop/widgets/shows.h"
+
+namespace desktop {
+
+// A table of figures, moved about with the arrow keys. One header row and one header column become the headers of the
+// table. A cell is edited by typing into it; what is typed goes to `onEdit`, and the model's answer is shown.
+class GridView : public QTableWidget, public Shows {
+    Q_OBJECT
+  public:
+    explicit GridView(QWidget* parent);
+
+    void Show(const pages::Control& control, const Look& look) override;
+    // Colours the cells by their figures, the lowest to the highest; the figures stay readable.
+    void SetSurface(bool surface) { surface_ = surface; }
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+    // Row and column as the model counts them, headers included.
+    std::function<void(int row, int column, const QString& text)> onEdit;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+
+  private:
+    friend class GridDelegate;
+    void Fill(const pages::Control& control, const Look& look);
+    void Shade(const pages::Control& control, const Look& look);
+
+    bool surface_ = false;
+    bool locked_ = false;
+    bool digits_ = false;
+    std::size_t maxLength_ = 0;
+    int headerRows_ = 0;  // of the model that are headers of the table
+    int headerColumns_ = 0;
+    int markedRow_ = -1;  // of the table
+    int markedColumn_ = -1;
+    QColor markInk_;
+};
+
+}  // namespace desktop
