@@ -5,7 +5,6 @@
 #include <array>
 #include <charconv>
 #include <cstdio>
-#include <filesystem>
 
 #include "platform/text.h"
 #include "shell/settings.h"
@@ -33,11 +32,11 @@ const char* NameOf(FrontEnd frontEnd) {
 
 // The texts of the options as they were given.
 struct Given {
-    std::string folder;
+    std::optional<std::string> folder;
     std::vector<std::string> ports;
     std::string scenario;
-    std::string variant;
-    std::string trace;
+    std::optional<std::string> variant;
+    std::optional<std::string> trace;
 };
 
 // Splits "COM3=/dev/ttyUSB0"; empty when it is well formed, else what is wrong.
@@ -66,23 +65,22 @@ std::string ReadVariant(const std::string& text, CommandLine& line) {
     return "--variant takes NONE, QT or AVX, not \"" + text + "\"";
 }
 
-std::string ReadScenario(const std::string& text, CommandLine& line) {
-    std::error_code error;
-    line.scenario = platform::Path(text);
-    if (std::filesystem::is_regular_file(*line.scenario, error)) return {};
-    return "there is no scenario file \"" + text + "\"";
+// A path that was given must be one: an empty text is a script's variable that nobody has set.
+std::string ReadPath(const char* option, const std::optional<std::string>& text, std::optional<platform::Path>& path) {
+    if (!text) return {};
+    path = *text;
+    return text->empty() ? std::string(option) + " takes a name, not an empty text" : std::string();
 }
 
 // Takes over what the parser cannot check by itself; the first thing wrong, or an empty text.
 std::string Take(const Given& given, CommandLine& line) {
-    std::string wrong;
-    if (!given.folder.empty()) line.folder = given.folder;
-    if (!given.trace.empty()) line.trace = given.trace;
+    std::string wrong = ReadPath("--folder", given.folder, line.folder);
+    if (wrong.empty()) wrong = ReadPath("--trace", given.trace, line.trace);
     for (const std::string& port : given.ports) {
         if (wrong.empty()) wrong = ReadPort(port, line);
     }
-    if (wrong.empty() && !given.variant.empty()) wrong = ReadVariant(given.variant, line);
-    if (wrong.empty() && !given.scenario.empty()) wrong = ReadScenario(given.scenario, line);
+    if (wrong.empty() && given.variant) wrong = ReadVariant(*given.variant, line);
+    if (!given.scenario.empty()) line.scenario = given.scenario;
     if (wrong.empty() && line.virtualTime && !line.simulate) wrong = "--virtual-time works only with --simulate";
     return wrong;
 }
@@ -109,7 +107,8 @@ Reading ReadCommandLine(FrontEnd frontEnd, const std::vector<std::string>& argum
                      : "Marlovent: tuning of gas fuel systems.",
                  NameOf(frontEnd)};
     app.set_help_flag("--help", "Show this help and end");
-    app.set_version_flag("--version", std::string(NameOf(frontEnd)) + " " + shell::VersionText());
+    app.set_version_flag("--version", std::string(NameOf(frontEnd)) + " " + shell::VersionText(),
+                         "Show the version and end");
     app.add_option("--folder", given.folder, "The program directory")->type_name("DIR");
     app.add_option("--port", given.ports, "The device behind a port name for this run")
         ->type_name("COMn=DEVICE")

@@ -17,7 +17,7 @@ struct CommandLine {
     std::optional<platform::Path> folder;
     std::map<int, std::string> ports;  // devices by port number, 1 to 10
     bool simulate = false;
-    std::optional<platform::Path> scenario;  // none: the standard one
+    std::optional<platform::Path> scenario;  // a file, or the name of a shipped one; none: the standard scenario
     bool virtualTime = false;                // of the console alone
     bool console = false;                    // of the desktop alone: commands on standard input beside the windows
     shell::Variant variant = shell::Variant::None;

@@ -2,20 +2,28 @@
 
 namespace common {
 
+namespace {
+
+constexpr const char* ScenarioFolder = "scenarios";
+constexpr const char* ScenarioExtension = ".scn";
+
+}  // namespace
+
 Simulation::Simulation(platform::Files& machineFiles) : files(machineFiles) {
     line.SetPace(platform::virt::Pace::BaudRate);
     unit.UseFiles(files);
 }
 
-std::string Simulation::Load(const CommandLine& commandLine) {
-    if (!commandLine.scenario) {
-        const sim::Answer answer = unit.Load(sim::StandardScenario());
-        return answer.error;
+std::string Simulation::Load(const CommandLine& commandLine, const platform::Path& shipped) {
+    if (!commandLine.scenario) return unit.Load(sim::StandardScenario()).error;
+    const platform::Path& scenario = *commandLine.scenario;
+    std::optional<std::string> text = files.Read(scenario);
+    if (!text && !shipped.empty() && !scenario.has_parent_path()) {
+        text = files.Read((shipped / ScenarioFolder / scenario).replace_extension(ScenarioExtension));
     }
-    const std::optional<std::string> text = files.Read(*commandLine.scenario, platform::Files::DefaultLimit);
-    if (!text) return "the scenario \"" + commandLine.scenario->string() + "\" cannot be read";
+    if (!text) return "the scenario \"" + scenario.string() + "\" cannot be read";
     const sim::Answer answer = unit.Load(*text);
-    return answer.ok ? std::string() : commandLine.scenario->string() + ": " + answer.error;
+    return answer.ok ? std::string() : "the scenario \"" + scenario.string() + "\", " + answer.error;
 }
 
 }  // namespace common

@@ -16,8 +16,9 @@ namespace common {
 struct Simulation {
     explicit Simulation(platform::Files& files);
 
-    // Loads the scenario of the command line, or the standard one; empty, or what is wrong with it.
-    std::string Load(const CommandLine& commandLine);
+    // Loads the scenario of the command line: a file, or by its bare name one of those that ship with the program; none
+    // is the standard one. Gives an empty text, or what is wrong with it.
+    std::string Load(const CommandLine& commandLine, const platform::Path& shipped);
 
     platform::Files& files;
     platform::virt::World world;

@@ -16,14 +16,15 @@ namespace console {
 int RunInRealTime(int argc, char** argv, const common::CommandLine& line, const platform::Path& executable) {
     QCoreApplication application(argc, argv);
     platform::qt::QtHost machine;
+    const shell::Options options = common::ProgramOptions(line, executable, machine.files);
     std::optional<common::Simulation> simulation;
     if (line.simulate) {
         simulation.emplace(machine.files);
-        if (const std::string wrong = simulation->Load(line); !wrong.empty())
+        if (const std::string wrong = simulation->Load(line, options.shipped); !wrong.empty())
             return common::Complain(common::FrontEnd::Console, wrong);
     }
     const platform::Host host = simulation ? machine.Get(simulation->line.Port(), simulation->probe) : machine.Get();
-    program::Program program(host, common::ProgramOptions(line, executable, machine.files));
+    program::Program program(host, options);
     if (!common::Trace(program, line))
         return common::Complain(common::FrontEnd::Console, "the trace file cannot be written");
     const bool started = program::Start(program);

@@ -34,12 +34,13 @@ int RunOnVirtualTime(const common::CommandLine& line, const platform::Path& exec
     platform::real::RealFiles files;
     platform::real::InstanceLock instance;
     platform::virt::CountedSound sound;
+    const shell::Options options = common::ProgramOptions(line, executable, files);
     common::Simulation simulation(files);
-    if (const std::string wrong = simulation.Load(line); !wrong.empty())
+    if (const std::string wrong = simulation.Load(line, options.shipped); !wrong.empty())
         return common::Complain(common::FrontEnd::Console, wrong);
     const platform::Host host{
         simulation.world, simulation.world, simulation.line.Port(), simulation.probe, files, sound, instance};
-    program::Program program(host, common::ProgramOptions(line, executable, files));
+    program::Program program(host, options);
     if (!common::Trace(program, line))
         return common::Complain(common::FrontEnd::Console, "the trace file cannot be written");
     const bool started = program::Start(program);

@@ -4,8 +4,6 @@
 
 namespace pages {
 
-namespace {
-
 bool TakesFocus(const Control& control) {
     switch (control.GetKind()) {
         case Kind::Label:
@@ -17,8 +15,6 @@ bool TakesFocus(const Control& control) {
             return control.Enabled() && control.Visible() && !control.Locked();
     }
 }
-
-}  // namespace
 
 void Page::SetTitle(std::string title) {
     if (title_ == title) return;

@@ -9,6 +9,9 @@
 
 namespace pages {
 
+// Whether Tab stops at the control as it now is.
+bool TakesFocus(const Control& control);
+
 // A page: its controls in reading order, its keys, its focus. A page lives as long as the program; Opening resets it.
 class Page {
   public:

@@ -136,7 +136,9 @@ Outcome PageStack::Edit(Control& control, std::string_view text) {
 }
 
 Outcome PageStack::Leave(Control& control) {
-    if (const Reason why = WhyNot(control); why != Reason::None) return Outcome::Refused(why);
+    // Only what can have the focus can be left; whoever has it now must let go first.
+    if (const Outcome reached = Reach(control); !reached.ok) return reached;
+    if (!TakesFocus(control)) return Outcome::Refused(control.Locked() ? Reason::Locked : Reason::UnknownControl);
     Page& page = control.Owner();
     page.SetFocus(page.NextFocus(&control));
     control.pending = false;
