@@ -11,18 +11,6 @@ namespace desktop {
 
 namespace {
 
-bool TakesFocus(const pages::Control& control) {
-    switch (control.GetKind()) {
-        case pages::Kind::Label:
-        case pages::Kind::Lamp:
-        case pages::Kind::Picture:
-        case pages::Kind::Chart:
-            return false;
-        default:
-            return control.Enabled() && control.Visible() && !control.Locked();
-    }
-}
-
 bool IsByHand(Qt::FocusReason reason) {
     return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason ||
            reason == Qt::MouseFocusReason;
@@ -143,12 +131,12 @@ bool PageView::eventFilter(QObject* watched, QEvent* event) {
 
 // A press moves the focus first: where the field left for it holds a refused value, nothing else happens.
 bool PageView::TakesPress(const Bound& bound) {
-    if (!TakesFocus(*bound.control) || page_.Focus() == bound.control) return true;
+    if (!pages::TakesFocus(*bound.control) || page_.Focus() == bound.control) return true;
     return hands_.FocusOn(*bound.control);
 }
 
 void PageView::FollowFocus(const Bound& bound, Qt::FocusReason reason) {
-    if (pushing_ || page_.Focus() == bound.control || !IsByHand(reason) || !TakesFocus(*bound.control)) return;
+    if (pushing_ || page_.Focus() == bound.control || !IsByHand(reason) || !pages::TakesFocus(*bound.control)) return;
     // The answer may put the focus back, also on the very control that the page believes it never left.
     focusDirty_ = true;
     hands_.FocusOn(*bound.control);
@@ -184,7 +172,7 @@ void PageView::StepBack(const pages::Control& from) {
     const auto at = static_cast<std::size_t>(std::find(controls.begin(), controls.end(), &from) - controls.begin());
     for (std::size_t step = 1; step < count; ++step) {
         pages::Control& before = *controls[(at + count - step) % count];
-        if (!TakesFocus(before)) continue;
+        if (!pages::TakesFocus(before)) continue;
         hands_.FocusOn(before);
         return;
     }
