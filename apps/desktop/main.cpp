@@ -27,14 +27,15 @@ const desktop::Theme& ThemeOf(program::Program& program) {
 
 int Run(QApplication& application, const common::CommandLine& line, const platform::Path& executable) {
     platform::qt::QtHost machine;
+    const shell::Options options = common::ProgramOptions(line, executable, machine.files);
     std::optional<common::Simulation> simulation;
     if (line.simulate) {
         simulation.emplace(machine.files);
-        if (const std::string wrong = simulation->Load(line); !wrong.empty())
+        if (const std::string wrong = simulation->Load(line, options.shipped); !wrong.empty())
             return common::Complain(FrontEnd::Desktop, wrong);
     }
     const platform::Host host = simulation ? machine.Get(simulation->line.Port(), simulation->probe) : machine.Get();
-    program::Program program(host, common::ProgramOptions(line, executable, machine.files));
+    program::Program program(host, options);
     if (!common::Trace(program, line)) return common::Complain(FrontEnd::Desktop, "the trace file cannot be written");
 
     const desktop::Theme& theme = ThemeOf(program);
