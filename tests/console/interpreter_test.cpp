@@ -278,16 +278,16 @@ TEST(Interpreter, StateNamesEveryVariable) {
               "");
 }
 
-// Characters beyond ASCII and control characters reach the reader whole.
+// Characters beyond ASCII reach the reader whole; control characters are escapes, also those that a terminal acts on.
 TEST(Interpreter, AnswersInUtf8OnOneLine) {
     ConsoleRig rig;
     rig.Start();
     rig.program->link.state.BufferRx =
         "\x02"
-        "D\x80\xE8\r\n\"\\";
+        "D\x80\xE8\xC2\x7F\x9D\x81\r\n\"\\";
     const std::string answer = *rig.interpreter->Do("state");
     EXPECT_EQ(answer.find('\n'), std::string::npos);
-    EXPECT_NE(answer.find(R"~("BufferRx":"\u0002D€è\r\n\"\\")~"), std::string::npos) << answer;
+    EXPECT_NE(answer.find(R"~("BufferRx":"\u0002D€èÂ\u007f\u009d\u0081\r\n\"\\")~"), std::string::npos) << answer;
 }
 
 TEST(Interpreter, ASecondProgramOnTheDirectoryEndsWithStatusOne) {
