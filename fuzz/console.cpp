@@ -1,30 +1,39 @@
 // Lines of the console, as scripts, pipes and people leave them, on the whole program with the simulated unit.
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 
 #include "common/simulation.h"
 #include "console/interpreter.h"
 #include "console/session.h"
+#include "memory_files.h"
 #include "platform/real/real_files.h"
 #include "program/program.h"
 #include "program/start.h"
 
 namespace {
 
-constexpr std::int64_t LongestRun = 20'000'000;  // microseconds of virtual time for one input
+constexpr const char* ProgramFolder = "marlovent";
+constexpr std::int64_t LongestRun = 12'000'000;  // microseconds of virtual time for one input
 
 void Require(bool holds) {
     if (!holds) std::abort();
 }
 
-platform::Path Folder() {
-    return std::filesystem::temp_directory_path() / ("marlovent-fuzz-" + std::to_string(::getpid()));
+// What ships with the program, read once.
+const MemoryFiles& Shipped() {
+    static const MemoryFiles shipped = [] {
+        MemoryFiles files;
+        platform::real::RealFiles disk;
+        for (const char* name : {"ITALIANO.LNG", "INGLESE.LNG"}) {
+            files.Write(platform::Path(ProgramFolder) / name,
+                        disk.Read(platform::Path(MARLOVENT_DATA) / name, platform::Files::DefaultLimit).value());
+        }
+        return files;
+    }();
+    return shipped;
 }
 
 // Every answer is one line and one object that says whether it is ok, and why not.
@@ -37,18 +46,9 @@ void Check(std::string_view answer) {
 
 // Each input begins in a new program directory, so that it can be repeated alone.
 struct Machine {
-    Machine() {
-        options.folder = Folder();
-        options.shipped = MARLOVENT_DATA;
-    }
-    ~Machine() {
-        std::error_code ignored;
-        std::filesystem::remove_all(options.folder, ignored);
-    }
-    Machine(const Machine&) = delete;
-    Machine& operator=(const Machine&) = delete;
+    Machine() { options.folder = ProgramFolder; }
 
-    platform::real::RealFiles files;
+    MemoryFiles files{Shipped()};
     platform::virt::FixedInstance instance;
     platform::virt::CountedSound sound;
     common::Simulation simulation{files};
