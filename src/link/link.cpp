@@ -34,7 +34,7 @@ Link::Link(shell::Shell& owner) : shell(owner) {
     timers.Checks = MakeTimer(*this, CheckInterval, ShowWaiting);
     shell.stack.Register(grafici);
     shell.hooks.ApriPorta = [this] { return ApriPorta(*this); };
-    shell.hooks.ResolutionChanged = [this] { state.refresh = true; };
+    shell.hooks.resolutionChanged.push_back([this] { state.refresh = true; });
     shell.host.port.SetEvent([this](int event) {
         if (event == platform::EventReceived) Received(*this);
     });

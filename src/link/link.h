@@ -68,7 +68,6 @@ struct LiveHooks {
 struct LossHooks {
     std::function<void()> CloseRecording;
     std::function<void()> ResetCalibration;  // all stored sensor points become -1
-    std::function<void()> ResetCharts;
 };
 
 enum class Direction { Sent, Received };

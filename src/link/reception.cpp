@@ -272,7 +272,8 @@ void FrameDati(Link& link, const std::string& frame) {
     AggiornaCanali(link, ValoreNum(FieldOf(frame, PressurePosition, RawWidth)));
     HandOn(link);
     if (link.shell.state.FaseAcq == shell::NoPhase) state.FlussoAttivo = shell::True;
-    link.timers.TimeOutDati->SetEnabled(true);
+    // A calibration step may have sent a command: its own limit guards the link then.
+    link.timers.TimeOutDati->SetEnabled(state.StatoCmd == Idle);
 }
 
 }  // namespace eculink

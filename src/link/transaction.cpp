@@ -38,6 +38,12 @@ void RestoreWatchdog(Link& link, Watchdog watchdog) {
     link.timers.TimeOutDati->SetEnabled(on);
 }
 
+// A reply bears the small letter of the command that is waited for; any other one is a stray.
+bool AnswersPending(const Link& link, const std::string& frame) {
+    constexpr char ToLower = 'a' - 'A';
+    return link.state.ComandoTx.size() > 1 && frame[1] == link.state.ComandoTx[1] + ToLower;
+}
+
 bool IsWriteReply(char letter) {
     return letter == 'i' || letter == 's' || letter == 'w';
 }
@@ -106,7 +112,7 @@ void SendAlone(Link& link, const std::string& frame) {
 void DispatchReply(Link& link, const std::string& frame) {
     const int saved = link.state.StatoCmd;
     const Catalogue::Entry* entry = saved == Idle ? nullptr : link.catalogue.Find(saved);
-    const ReplyHandler* handler = entry == nullptr ? nullptr : entry->HandlerOf(frame);
+    const ReplyHandler* handler = entry == nullptr || !AnswersPending(link, frame) ? nullptr : entry->HandlerOf(frame);
     if (handler == nullptr) return;
     link.timers.TimeOutComandi->SetEnabled(false);
     if (IsWriteReply(frame[1]) && !frames::IsOk(frame)) {
@@ -134,8 +140,7 @@ void CommandTimedOut(Link& link) {
 
 void StreamLost(Link& link) {
     link.timers.TimeOutDati->SetEnabled(false);
-    link.timers.TimeOutComandi->SetEnabled(false);
-    link.state.StatoCmd = Idle;
+    BecomeIdle(link);
     link.shell.state.FaseAcq = shell::NoPhase;
     link.state.FlussoAttivo = False;
     link.state.restartMark = False;
@@ -144,6 +149,8 @@ void StreamLost(Link& link) {
     link.shell.state.SenzaImmagine = True;
     link.shell.state.ImmagineProgrammata = True;  // no image is held that could be blank
     link.state.VersioneECU.clear();
+    link.shell.state.FirmwareVecchio = False;
+    shell::ShowAdaptationMenu(link.shell);
     link.state.unanswered = 0;
     link.shell.main.SetEnabled(true);
     if (link.loss.CloseRecording) link.loss.CloseRecording();

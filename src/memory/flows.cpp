@@ -187,16 +187,15 @@ void BeginWriteArea(Memory& memory, const WriteRow& row, bool internal) {
 }
 
 // A programmed unit is no longer the one whose acquisition was recorded.
-void DeleteAcquisitionLogs(Memory& memory) {
+bool DeleteAcquisitionLogs(Memory& memory) {
     shell::Shell& shell = memory.link.shell;
-    if (!platform::Trim(memory.state.CodiceAcq).empty()) {
-        shell.host.files.Remove(shell.FileInFolder(memory.state.CodiceAcq + ".AMP"));
-    }
-    shell.host.files.Remove(shell.FileInFolder(AcquisitionLog));
+    const std::string& code = memory.state.CodiceAcq;
+    const bool own = platform::Trim(code).empty() || shell.host.files.Remove(shell.FileInFolder(code + ".AMP"));
+    return shell.host.files.Remove(shell.FileInFolder(AcquisitionLog)) && own;
 }
 
 bool FinishWrite(Memory& memory, const WriteRow& row) {
-    if (row.flow == Flow::Programming) DeleteAcquisitionLogs(memory);
+    if (row.flow == Flow::Programming && !DeleteAcquisitionLogs(memory)) return false;
     memory.link.shell.Beep();
     eculink::EndTransaction(memory.link);
     Tell(EventsOf(memory, row.flow).done);
@@ -205,6 +204,7 @@ bool FinishWrite(Memory& memory, const WriteRow& row) {
 
 bool MarkerReply(Memory& memory, const WriteRow& row) {
     if (row.erases || memory.state.ScriviData != shell::True) return FinishWrite(memory, row);
+    TellProgress(memory, row.flow, DateCell);
     Send(memory, DateStampSent,
          frames::WriteFrame('S', DateCell, DateBytes, DateStamp(memory.link.shell.host.clock.Now())));
     return true;
@@ -232,11 +232,6 @@ eculink::TimeOutHandler Silent(Memory& memory, Flow flow) {
     };
 }
 
-// A read's states list the letters of write replies too; no write is under way in them, so such a reply is a stray one.
-bool IsReadReply(const std::string& frame) {
-    return frame[1] == 'l' || frame[1] == 'o';
-}
-
 void AddRead(Memory& memory, Flow flow, const eculink::StateRow& external, const eculink::StateRow& internal) {
     eculink::Catalogue& catalogue = memory.link.catalogue;
     for (const bool second : {false, true}) {
@@ -247,7 +242,6 @@ void AddRead(Memory& memory, Flow flow, const eculink::StateRow& external, const
                 return ReadReply(memory, ReadOf(flow), second, frame);
             },
             {}, Silent(memory, flow));
-        catalogue.AcceptOnly(row.state, IsReadReply);
     }
 }
 
@@ -281,7 +275,10 @@ void AddFlowStates(Memory& memory) {
              {ErasingMarker, "is", TimeOut::None});
     memory.link.catalogue.Add(
         {DateStampSent, "is", TimeOut::None},
-        [&memory](const std::string&) { return FinishWrite(memory, WriteOf(Flow::Programming)); },
+        [&memory](const std::string&) {
+            memory.state.ScriviData = shell::False;  // the date stands in the unit now
+            return FinishWrite(memory, WriteOf(Flow::Programming));
+        },
         Refused(memory, Flow::Programming), Silent(memory, Flow::Programming));
 }
 
@@ -291,7 +288,8 @@ void BeginConnectionRead(Memory& memory) {
 
 bool StartInspectorRead(Memory& memory) {
     if (memory.link.state.StatoCmd != eculink::Idle) return false;
-    memory.link.shell.host.files.Remove(memory.link.shell.FileInFolder(InspectorFile));
+    // Lines are appended: on what an earlier read has left they would make no image.
+    if (!memory.link.shell.host.files.Remove(memory.link.shell.FileInFolder(InspectorFile))) return false;
     BeginArea(memory, ReadOf(Flow::Inspector), false);
     return true;
 }
@@ -299,7 +297,8 @@ bool StartInspectorRead(Memory& memory) {
 bool StartArchiveRead(Memory& memory, const platform::Path& target) {
     if (memory.link.state.StatoCmd != eculink::Idle) return false;
     memory.state.archiveTarget = target;
-    memory.link.shell.host.files.Remove(memory.link.shell.FileInFolder(ArchiveWorkFile));
+    // Lines are appended: on what an earlier read has left they would make no image.
+    if (!memory.link.shell.host.files.Remove(memory.link.shell.FileInFolder(ArchiveWorkFile))) return false;
     BeginArea(memory, ReadOf(Flow::Archive), false);
     return true;
 }
@@ -318,7 +317,7 @@ ImageProblem LoadForProgramming(Memory& memory, const platform::Path& file) {
     if (!image) return ImageProblem::Missing;
     if (!IsWholeImage(*image)) return ImageProblem::WrongSize;
     ApplyFixUps(*image);
-    memory.state.ImmagineEE = std::move(*image);
+    memory.state.ImmagineEE = platform::UpperCase(*image);  // digits on the wire are capitals
     return ImageProblem::None;
 }
 

@@ -39,9 +39,10 @@ void AddFlowStates(Memory& memory);
 
 // The first frame of the connection read, within the exchange of the recognition; the area files must be gone.
 void BeginConnectionRead(Memory& memory);
-// Deletes the inspector's file and reads the unit into it. False when a transaction runs.
+// Deletes the inspector's file and reads the unit into it. False when a transaction runs or the file cannot be deleted.
 bool StartInspectorRead(Memory& memory);
-// Reads the unit and files the image under `target`, whose folders are made at the end. False when a transaction runs.
+// Reads the unit and files the image under `target`, whose folders are made at the end. False when a transaction runs
+// or the work file of an earlier read cannot be deleted.
 bool StartArchiveRead(Memory& memory, const platform::Path& target);
 // Erases the unit, except the cells that tell who it is. False when a transaction runs.
 bool StartErasing(Memory& memory);

@@ -24,6 +24,10 @@ bool IsHex(char c) {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
 }
 
+bool InImage(int address) {
+    return IsInternal(address) || (address >= 0 && address < AreaBytes);
+}
+
 std::string_view NextLine(std::string_view& text) {
     const std::size_t end = text.find('\n');
     std::string_view line = text.substr(0, end);
@@ -94,16 +98,26 @@ std::size_t ImagePosition(int address) {
 std::uint32_t ByteCella(std::string_view image, int address, int bytes) {
     constexpr int MostBytes = 4;
     std::uint32_t value = 0;
-    const std::size_t start = ImagePosition(address);
     for (int i = 0; i < std::min(bytes, MostBytes); ++i) {
-        value = value << 8U | ByteAt(image, start + static_cast<std::size_t>(i) * DigitsPerByte);
+        value = value << 8U | (InImage(address + i) ? ByteAt(image, ImagePosition(address + i)) : ErasedByte);
     }
     return value;
 }
 
 void SetCella(std::string& image, int address, std::string_view digits) {
+    if (!InImage(address)) return;
     const std::size_t start = ImagePosition(address);
     if (start + digits.size() <= image.size()) image.replace(start, digits.size(), digits);
+}
+
+std::string AreaDigitsOf(std::string_view content) {
+    std::string digits;
+    for (int line = 0; line < AreaLines; ++line) {
+        std::string text(NextLine(content));
+        text.resize(LineDigits, 'F');
+        digits += text;
+    }
+    return digits;
 }
 
 RecordPlace RecordImmagine(int address) {

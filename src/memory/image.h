@@ -47,7 +47,8 @@ bool ScriviImmagine(platform::Files& files, const platform::Path& file, const Ar
 // digits are none, reads as erased: 255.
 std::uint32_t ByteCella(std::string_view image, int address, int bytes);
 
-// Replaces the digits of a cell in the image text; what lies outside the text is left alone.
+// Replaces the digits of a cell in the image text; an address of neither area and what lies outside the text is left
+// alone.
 void SetCella(std::string& image, int address, std::string_view digits);
 
 // Record number, from 1, and column, from 1, of an address in the view of a file as records of 34 characters.
@@ -57,8 +58,12 @@ struct RecordPlace {
 };
 RecordPlace RecordImmagine(int address);
 
-// Place of an address in the image text, from 0.
+// Place of an address of either area in the image text, from 0.
 std::size_t ImagePosition(int address);
+
+// One area of an image as its file holds it: each line at its place, so that a short or damaged one spoils no other;
+// what is missing reads as erased.
+std::string AreaDigitsOf(std::string_view content);
 
 // Whether the text is a whole image: 4096 hexadecimal digits.
 bool IsWholeImage(std::string_view image);

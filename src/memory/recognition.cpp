@@ -4,6 +4,7 @@
 
 #include "link/frames/build.h"
 #include "link/frames/numbers.h"
+#include "link/lamps.h"
 #include "link/transaction.h"
 #include "memory/memory.h"
 
@@ -22,7 +23,6 @@ bool IdentityReply(Memory& memory, const std::string& frame) {
     Link& link = memory.link;
     shell::Shell& shell = link.shell;
     link.state.VersioneECU = ReadVersion(frame);
-    link.state.unanswered = 0;
     shell.state.FirmwareVecchio = shell::Flag(IsOldVersion(link.state.VersioneECU));
     shell::ShowAdaptationMenu(shell);
     for (const char* name : OldFiles) {
@@ -33,15 +33,18 @@ bool IdentityReply(Memory& memory, const std::string& frame) {
         return true;
     }
     // Nothing is asked of the unit until the fitter decides; the state stays, so that live frames go no further.
+    link.state.ComandoTx.clear();
     shell.state.pointer = shell::Pointer::Normal;
     memory.leggoIn.ShowOldProgram();
     return true;
 }
 
-void Silent(Memory& memory, int state) {
+void Silent(Memory& memory) {
     Link& link = memory.link;
     link.state.CentralinaDaRiconoscere = True;
-    if (state == Identification && link.state.VersioneECU.empty()) ++link.state.unanswered;
+    ++link.state.unanswered;
+    eculink::MarkLost(link);
+    memory.leggoIn.Esci.Enable(true);
     if (link.shell.state.FaseAcq != shell::NoPhase) return;
     link.shell.Beep();
     memory.leggoIn.ShowSilence();
@@ -50,6 +53,7 @@ void Silent(Memory& memory, int state) {
 void Recognised(Memory& memory) {
     shell::Shell& shell = memory.link.shell;
     memory.link.state.CentralinaDaRiconoscere = False;
+    memory.link.state.unanswered = 0;
     shell.stack.ClosePage(memory.leggoIn);
     if (shell.state.ImmagineProgrammata == False) shell::SoloSenzaCentralina(shell);
     shell.main.Codice.SetText(shell::Fill(shell.TestoLingua("CODICE.0", "STATO"), memory.state.CodiceAcq));
@@ -72,11 +76,7 @@ void AddRecognition(Memory& memory) {
     FlowEvents& events = EventsOf(memory, Flow::Connection);
     events.progress = [&memory](int address) { memory.leggoIn.ShowProgress(address); };
     events.done = [&memory] { Recognised(memory); };
-    events.silent = [&memory](int state) { Silent(memory, state); };
-    // In the first state the unit answers the identification, then, once that is known, sends blocks.
-    link.catalogue.AcceptOnly(Identification, [&link](const std::string& frame) {
-        return (frame[1] == 'x') == link.state.VersioneECU.empty();
-    });
+    events.silent = [&memory](int) { Silent(memory); };
     link.catalogue.AddReply(Identification, 'x',
                             [&memory](const std::string& frame) { return IdentityReply(memory, frame); });
 }
@@ -90,6 +90,8 @@ void StartRecognition(Memory& memory) {
     shell::AbilitaComandi(link.shell, True);
     link.state.CentralinaDaRiconoscere = False;
     link.state.VersioneECU.clear();
+    link.shell.state.FirmwareVecchio = False;
+    shell::ShowAdaptationMenu(link.shell);
     link.shell.stack.OpenPage(memory.leggoIn, false);
     eculink::StartTransaction(link, Identification, frames::IdentityFrame());
 }

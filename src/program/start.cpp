@@ -80,6 +80,11 @@ bool InitialiseState(Program& program) {
     return true;
 }
 
+bool ResetCalibration(Program& program) {
+    tuning::ForgetImage(program.tuning);
+    return true;
+}
+
 bool ReadSerialSettings(Program& program) {
     shell::LeggiSeriale(program.shell);
     return true;
@@ -122,7 +127,7 @@ constexpr std::array<Step, 16> Steps{{
     {"archives", Later},
     {"resolution", ReadResolution},
     {"channels and state", InitialiseState},
-    {"calibration tables", Later},
+    {"calibration tables", ResetCalibration},
     {"serial settings", ReadSerialSettings},
     {"serial port", OpenSerialPort},
     {"chart settings", ReadChartSettings},

@@ -192,7 +192,7 @@ bool Risoluz::Store() {
         WriteMarlo(shell_, "RISOLUZIONE", "Risoluzione", Resolutions.at(static_cast<std::size_t>(TipoRisol.Index())));
     }
     LeggiRisoluzione(shell_);
-    if (shell_.hooks.ResolutionChanged) shell_.hooks.ResolutionChanged();
+    for (const auto& look : shell_.hooks.resolutionChanged) look();
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "pages/stack.h"
 #include "platform/host.h"
@@ -18,9 +19,9 @@ namespace shell {
 
 // Where the shell reaches rooms that stand above it; filled when the program is assembled.
 struct Hooks {
-    std::function<int()> ApriPorta;           // opens the serial port anew; 0 on success
-    std::function<void()> ResolutionChanged;  // charts and instruments look again
-    std::function<void()> End;                // the front end ends its event loop
+    std::function<int()> ApriPorta;                        // opens the serial port anew; 0 on success
+    std::vector<std::function<void()>> resolutionChanged;  // charts, instruments and limits look again
+    std::function<void()> End;                             // the front end ends its event loop
 };
 
 // What is wrong with the program directory; told once, when the texts are there.

@@ -12,15 +12,11 @@ using shell::False;
 using shell::Flag;
 using shell::True;
 
-constexpr std::size_t AreaDigits = std::size_t{memory::AreaLines} * memory::LineDigits;
-
-// One area of the image, filled with erased bytes where the file ends.
 bool ReadArea(Tuning& tuning, const char* name, std::string& image) {
     shell::Shell& shell = tuning.memory.link.shell;
-    auto area = memory::LeggiImmagine(shell.host.files, shell.FileInFolder(name));
-    if (!area) return false;
-    area->resize(AreaDigits, 'F');
-    image += *area;
+    const auto content = shell.host.files.Read(shell.FileInFolder(name));
+    if (!content) return false;
+    image += memory::AreaDigitsOf(*content);
     return true;
 }
 
@@ -33,11 +29,22 @@ void TakeImageInfo(Tuning& tuning) {
     tuning.memory.state.ScriviData = Flag(info.ScriviData);
 }
 
+// Kind of the pressure sensor by the code that the unit keeps of it.
+constexpr int SensorCell = 3312;
+int SensorType(std::uint32_t code) {
+    constexpr std::uint32_t CodeType0 = 255;
+    constexpr std::uint32_t CodeType1 = 17;
+    if (code == CodeType0) return 0;
+    return code == CodeType1 ? 1 : 2;
+}
+
 // What the live picture needs to know of the sensors.
 void TellLivePicture(Tuning& tuning) {
     eculink::State& link = tuning.memory.link.state;
     link.TipoSondaLambda = static_cast<int>(tuning.calibration.Sonda_Lambda[0].Letto);
     link.mapTable = tuning.CurrentContext().tabella;
+    // The kind of sensor is known of a blank unit too.
+    link.mapTable.tipoSensoreMAP = SensorType(memory::ByteCella(tuning.image, SensorCell, 1));
 }
 
 }  // namespace
@@ -46,6 +53,24 @@ Tuning::Tuning(memory::Memory& owner) : memory(owner) {
     CostruisciMemoria(memoria);
     CostruisciCalibrazione(calibration);
     memory.hooks.DecodificaImmagine = [this] { return DecodificaImmagine(*this); };
+    memory.link.loss.ResetCalibration = [this] { ForgetImage(*this); };
+    memory.link.shell.hooks.resolutionChanged.push_back([this] { SetLimits(memoria, Cells(), CurrentContext()); });
+}
+
+void ForgetImage(Tuning& tuning) {
+    constexpr double NotAcquired = -1;
+    tuning.image.clear();
+    CostruisciMemoria(tuning.memoria);
+    for (std::size_t number = 0; number < CalibrationCount; ++number) {
+        CalibrationRecord& record = RecordAt(tuning.calibration, number);
+        record.Dato = record.Letto = NotAcquired;
+    }
+    eculink::State& link = tuning.memory.link.state;
+    link.mapTable = {};
+    link.TipoSondaLambda = 0;
+    tuning.memory.state.CodiceAcq = memory::ImageInfo().CodiceAcq;
+    tuning.memory.state.DataProgrammazione.clear();
+    tuning.memory.state.ScriviData = False;
 }
 
 CellReader Tuning::Cells() const {

@@ -34,4 +34,7 @@ struct Tuning {
 // ends.
 bool DecodificaImmagine(Tuning& tuning);
 
+// No unit is connected: nothing that its image said stands any more, and no sensor counts as acquired.
+void ForgetImage(Tuning& tuning);
+
 }  // namespace tuning

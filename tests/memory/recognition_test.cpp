@@ -165,6 +165,39 @@ TEST(Recognition, ACommandOfAPageThatWaitedForNobodyGivesWayToTheUnit) {
     EXPECT_EQ(s.unit.Seen().Of('I'), 0);
 }
 
+bool HoldsTheUnitsImage(Simulated& s) {
+    for (int address = 0; address < memory::AreaBytes; ++address) {
+        for (const bool internal : {false, true}) {
+            const int cell = internal ? address + memory::FirstInternal : address;
+            const int own = s.unit.Cells().Byte(internal ? sim::Area::Interna : sim::Area::Esterna, cell);
+            if (memory::ByteCella(s.program.tuning.image, cell, 1) != static_cast<std::uint32_t>(own)) return false;
+        }
+    }
+    return true;
+}
+
+// A block that comes damaged spoils its own cells and no others; one that comes twice or late spoils nothing.
+TEST(Recognition, ADamagedBlockSpoilsItsOwnCellsAlone) {
+    struct Row {
+        const char* fault;
+        bool whole;
+    };
+    for (const Row& row : {Row{"refuse command L once at frame 5", false}, Row{"cut command L once at frame 5", true},
+                           Row{"repeat command L once at frame 32", true}, Row{"refuse command X once", true}}) {
+        Simulated s;
+        s.Sim(std::string("misbehave ") + row.fault);
+        ASSERT_TRUE(s.Start());
+        s.Run(1000);
+        if (s.program.memory.leggoIn.Continua.Visible()) s.program.memory.leggoIn.Continua.onPress();
+        ASSERT_TRUE(s.RunUntil([&] { return s.program.link.state.FlussoAttivo == True; }, 60000)) << row.fault;
+        EXPECT_EQ(HoldsTheUnitsImage(s), row.whole) << row.fault;
+        EXPECT_EQ(memory::ByteCella(s.program.tuning.image, 1000, 1),
+                  static_cast<std::uint32_t>(s.unit.Cells().Byte(sim::Area::Esterna, 1000)))
+            << row.fault;
+        EXPECT_EQ(s.program.memory.state.CodiceAcq, "1234567_1") << row.fault;
+    }
+}
+
 // Whatever goes wrong in a read ends in the same place.
 TEST(Recognition, EveryFaultOfAReadEndsWithThePageUsable) {
     for (const char* fault : {"silence", "cut", "length", "other-letter", "garble", "slow 9000"}) {
@@ -173,11 +206,15 @@ TEST(Recognition, EveryFaultOfAReadEndsWithThePageUsable) {
             s.Sim(std::string("misbehave ") + fault + " command " + letter + " forever");
             ASSERT_TRUE(s.Start()) << fault << letter;
             s.Run(30000);
-            EXPECT_NE(s.program.link.state.StatoCmd, 70) << fault << letter;
             s.Sim("behave");
             EXPECT_TRUE(s.RunUntil([&] { return s.program.link.state.FlussoAttivo == True; }, 120000))
                 << fault << letter;
             EXPECT_EQ(s.unit.Seen().Of('W') + s.unit.Seen().Of('I') + s.unit.Seen().Of('S'), 0);
+            // A reply has neither checksum nor address: digits that come damaged but whole, or that belong to a
+            // question asked long ago, cannot be told from good ones.
+            const bool damaged = std::string_view(fault) != "silence" && std::string_view(fault) != "cut" &&
+                                 std::string_view(fault) != "other-letter";
+            EXPECT_TRUE(damaged || HoldsTheUnitsImage(s)) << fault << letter;
         }
     }
 }
