@@ -106,9 +106,19 @@ Outcome PageStack::Reach(Control& control) {
     return after == Reason::None ? Outcome::Done() : Outcome::Refused(after);
 }
 
+Outcome PageStack::ReachEditable(Control& control, const std::function<bool()>& legal) {
+    if (const Reason why = WhyNot(control); why != Reason::None) return Outcome::Refused(why);
+    if (control.Locked()) return Outcome::Refused(Reason::Locked);
+    if (!legal()) return Outcome::Refused(Reason::NoSuchEntry);
+    if (const Outcome reached = Reach(control); !reached.ok) return reached;
+    // Leaving a field may itself have changed what can be edited.
+    if (control.Locked()) return Outcome::Refused(Reason::Locked);
+    return legal() ? Outcome::Done() : Outcome::Refused(Reason::NoSuchEntry);
+}
+
 Outcome PageStack::Press(Control& control) {
     if (!IsPressable(control)) return Outcome::Refused(Reason::UnknownControl);
-    if (const Outcome reached = Reach(control); !reached.ok) return reached;
+    if (const Outcome reached = ReachEditable(control); !reached.ok) return reached;
     control.Owner().SetFocus(&control);
     if (control.GetKind() == Kind::Option) TurnOn(control);
     if (control.GetKind() == Kind::Check) control.SetSelected(!control.Selected());
@@ -119,8 +129,7 @@ Outcome PageStack::Press(Control& control) {
 
 Outcome PageStack::Type(Control& control, std::string_view text) {
     if (control.GetKind() != Kind::Field) return Outcome::Refused(Reason::UnknownControl);
-    if (const Outcome reached = Reach(control); !reached.ok) return reached;
-    if (control.Locked()) return Outcome::Refused(Reason::Locked);
+    if (const Outcome reached = ReachEditable(control); !reached.ok) return reached;
     control.Owner().SetFocus(&control);
     const std::string typed = Filtered(control, text);
     if (typed.empty() && !text.empty()) return Outcome::Done();  // every key was dropped: the selection stands
@@ -137,8 +146,9 @@ Outcome PageStack::Edit(Control& control, std::string_view text) {
 
 Outcome PageStack::Leave(Control& control) {
     // Only what can have the focus can be left; whoever has it now must let go first.
-    if (const Outcome reached = Reach(control); !reached.ok) return reached;
+    if (const Reason why = WhyNot(control); why != Reason::None) return Outcome::Refused(why);
     if (!TakesFocus(control)) return Outcome::Refused(control.Locked() ? Reason::Locked : Reason::UnknownControl);
+    if (const Outcome reached = Reach(control); !reached.ok) return reached;
     Page& page = control.Owner();
     page.SetFocus(page.NextFocus(&control));
     control.pending = false;
@@ -149,12 +159,12 @@ Outcome PageStack::Leave(Control& control) {
 Outcome PageStack::Select(Control& control, std::vector<int> indices) {
     if (control.GetKind() != Kind::Combo && control.GetKind() != Kind::List)
         return Outcome::Refused(Reason::UnknownControl);
-    if (const Outcome reached = Reach(control); !reached.ok) return reached;
-    if (control.Locked()) return Outcome::Refused(Reason::Locked);
-    const int count = static_cast<int>(control.Items().size());
-    const bool inside = std::all_of(indices.begin(), indices.end(), [count](int i) { return i >= 0 && i < count; });
-    if (indices.empty() || !inside || (indices.size() > 1 && !control.Multiple()))
-        return Outcome::Refused(Reason::NoSuchEntry);
+    const auto legal = [&] {
+        const int count = static_cast<int>(control.Items().size());
+        const bool inside = std::all_of(indices.begin(), indices.end(), [count](int i) { return i >= 0 && i < count; });
+        return !indices.empty() && inside && (indices.size() == 1 || control.Multiple());
+    };
+    if (const Outcome reached = ReachEditable(control, legal); !reached.ok) return reached;
     control.Owner().SetFocus(&control);
     control.SetSelection(std::move(indices));
     Call(control.onChange);
@@ -163,13 +173,12 @@ Outcome PageStack::Select(Control& control, std::vector<int> indices) {
 
 Outcome PageStack::EditCell(Control& control, int row, int column, std::string_view text) {
     if (control.GetKind() != Kind::Grid || !control.onCell) return Outcome::Refused(Reason::UnknownControl);
-    if (const Outcome reached = Reach(control); !reached.ok) return reached;
-    if (control.Locked()) return Outcome::Refused(Reason::Locked);
-    const auto rows = static_cast<int>(control.GetCells().size());
-    if (row < control.HeaderRows() || row >= rows || column < control.HeaderColumns() ||
-        column >= static_cast<int>(control.GetCells()[static_cast<std::size_t>(row)].size())) {
-        return Outcome::Refused(Reason::NoSuchEntry);
-    }
+    const auto legal = [&] {
+        const auto rows = static_cast<int>(control.GetCells().size());
+        return row >= control.HeaderRows() && row < rows && column >= control.HeaderColumns() &&
+               column < static_cast<int>(control.GetCells()[static_cast<std::size_t>(row)].size());
+    };
+    if (const Outcome reached = ReachEditable(control, legal); !reached.ok) return reached;
     control.Owner().SetFocus(&control);
     const std::string typed = Filtered(control, text);
     if (typed.empty() && !text.empty()) return Outcome::Done();  // every key was dropped: the cell stands
@@ -178,8 +187,8 @@ Outcome PageStack::EditCell(Control& control, int row, int column, std::string_v
 }
 
 Outcome PageStack::DoubleClick(Control& control) {
-    if (const Outcome reached = Reach(control); !reached.ok) return reached;
     if (!control.onDoubleClick) return Outcome::Refused(Reason::UnknownControl);
+    if (const Outcome reached = ReachEditable(control); !reached.ok) return reached;
     control.onDoubleClick();
     return Outcome::Done();
 }

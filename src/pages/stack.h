@@ -48,6 +48,10 @@ class PageStack {
     // the focus.
     bool LeavePending(Page& page, const Control* next);
     Outcome Reach(Control& control);
+    // The same for what changes the control: not while it is locked, nor with what is not legal. What is refused for
+    // its own sake leaves the field being edited alone.
+    Outcome ReachEditable(
+        Control& control, const std::function<bool()>& legal = [] { return true; });
 
     std::vector<Page*> all_;
     std::vector<Page*> open_;

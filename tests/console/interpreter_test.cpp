@@ -25,6 +25,8 @@ struct AllKinds : pages::Page {
         Molti.SetMultiple(true);
         Tabella.SetCells({{"", "giri"}, {"0", "800"}}, 1, 1);
         Tabella.onCell = [this](int row, int column, const std::string& text) { Tabella.SetCell(row, column, text); };
+        Righe.SetCells({{"", "giri"}, {"0", "800"}}, 1, 1);
+        Righe.onCell = [](int, int, const std::string&) {};
         Molti.onDoubleClick = [this] { Voce.SetText("doppio"); };
         Spia.SetColour("green");
         Immagine.SetIndex(3);
@@ -40,6 +42,7 @@ struct AllKinds : pages::Page {
     pages::Combo Scelta{*this, "Scelta"};
     pages::List Molti{*this, "Molti"};
     pages::Grid Tabella{*this, "Tabella"};
+    pages::Grid Righe{*this, "Righe"};
     pages::Lamp Spia{*this, "Spia"};
     pages::Picture Immagine{*this, "Immagine"};
     pages::Chart Grafico{*this, "Grafico"};
@@ -123,6 +126,10 @@ TEST(Interpreter, RefusesWhatAPersonCouldNotDoAndChangesNothing) {
     rig.page.Nome.SetLocked(true);
     rig.page.Scelta.Enable(false, pages::Reason::NoUnit);
     rig.page.Abil.SetVisible(false);
+    rig.page.Velocita[1].SetLocked(true);
+    rig.page.Tabella.SetLocked(true);
+    rig.page.Tabella.onDoubleClick = [&rig] { rig.page.Voce.SetText("doppio"); };
+    rig.Say("type AllKinds Umi(5) 999");
     const std::string before = rig.Say("show AllKinds").dump();
     struct Case {
         const char* line;
@@ -135,8 +142,12 @@ TEST(Interpreter, RefusesWhatAPersonCouldNotDoAndChangesNothing) {
         {"press AllKinds Abil", "NASCOSTO"},
         {"select AllKinds Molti 3", "INDICE"},
         {"select AllKinds Molti -1", "INDICE"},
-        {"cell AllKinds Tabella 0 1 x", "INDICE"},
-        {"cell AllKinds Tabella 1 9 x", "INDICE"},
+        {"cell AllKinds Righe 0 1 x", "INDICE"},
+        {"cell AllKinds Righe 1 9 x", "INDICE"},
+        {"cell AllKinds Tabella 1 1 x", "BLOCCATO"},
+        {"doubleclick AllKinds Tabella", "BLOCCATO"},
+        {"press AllKinds Velocita(1)", "BLOCCATO"},
+        {"leave AllKinds Nome", "BLOCCATO"},
         {"press AllKinds Voce", "SCONOSCIUTO"},
         {"type AllKinds Salva x", "SCONOSCIUTO"},
         {"doubleclick AllKinds Salva", "SCONOSCIUTO"},
