@@ -48,7 +48,9 @@ Page* PageStack::Find(std::string_view name) const {
 
 void PageStack::OpenPage(Page& page, bool modal) {
     std::erase(open_, &page);
-    open_.push_back(&page);
+    const auto place =
+        modal ? open_.end() : std::find_if(open_.begin(), open_.end(), [](const Page* p) { return p->Modal(); });
+    open_.insert(place, &page);
     ++version_;
     page.open_ = true;
     page.modal_ = modal;

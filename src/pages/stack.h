@@ -20,7 +20,8 @@ class PageStack {
     // Raised whenever a page is opened or closed.
     std::int64_t Version() const { return version_; }
 
-    // Opens a page on top; one that is open already is reset and comes to the front.
+    // Opens a page on top, one that is not modal beneath the modal ones: what waits for an answer stays in front. A
+    // page that is open already is reset and comes to the front.
     void OpenPage(Page& page, bool modal);
     void ClosePage(Page& page);  // one that is not open: nothing happens
     // Covered: a modal page stands above it.
