@@ -1,5 +1,7 @@
 #include "link/transaction.h"
 
+#include <algorithm>
+#include <array>
 #include <exception>
 
 #include "link/frames/build.h"
@@ -162,9 +164,10 @@ void StreamLost(Link& link) {
 }
 
 void ChiudiPagine(Link& link) {
+    const std::array<const pages::Page*, 3> staying{&link.shell.main, &link.grafici, &link.shell.systemMessage};
     const std::vector<pages::Page*> open = link.shell.stack.Open();
-    for (pages::Page* page : open) {
-        if (page != &link.shell.main && page != &link.grafici) link.shell.stack.ClosePage(*page);
+    for (auto page = open.rbegin(); page != open.rend(); ++page) {
+        if (std::find(staying.begin(), staying.end(), *page) == staying.end()) link.shell.stack.ClosePage(**page);
     }
 }
 

@@ -30,7 +30,8 @@ void DispatchReply(Link& link, const std::string& frame);
 void CommandTimedOut(Link& link);
 // No accepted live frame for 4 s.
 void StreamLost(Link& link);
-// Closes every page but the main window and the instruments.
+// Closes every page but the main window and the instruments, the topmost first. The system's own message box is no
+// page: what it says has not been read yet.
 void ChiudiPagine(Link& link);
 
 // Writes the frames of a chain, one a line, to TXMESS.TXT, in place of the chain before.

@@ -16,6 +16,11 @@ bool TakesFocus(const Control& control) {
     }
 }
 
+void Page::PutLast(Control& control) {
+    std::erase(controls_, &control);
+    controls_.push_back(&control);
+}
+
 void Page::SetTitle(std::string title) {
     if (title_ == title) return;
     title_ = std::move(title);

@@ -50,6 +50,8 @@ class Page {
     Control::Handler onClose;
 
   protected:
+    // Behind all other controls in reading order.
+    void PutLast(Control& control);
     // Called when the page is put on the stack, before it is shown.
     virtual void Opening() {}
     // Called when it has been taken off, whoever did it.

@@ -1,5 +1,7 @@
 #include "platform/ini_file.h"
 
+#include <set>
+
 #include "platform/text.h"
 
 namespace platform {
@@ -10,7 +12,7 @@ constexpr std::size_t NotFound = std::string::npos;
 constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";  // some editors put it in front of the first line
 
 std::string_view TrimAll(std::string_view text) {
-    constexpr std::string_view Blanks = " \t";
+    constexpr std::string_view Blanks = " \t\r";
     const std::size_t first = text.find_first_not_of(Blanks);
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
@@ -26,15 +28,26 @@ std::optional<std::string_view> SectionName(std::string_view line) {
     return TrimAll(line.substr(1, close - 1));
 }
 
-bool IsKey(std::string_view line, std::string_view key) {
+// The name in front of the "=" of a key's line; nothing for any other line.
+std::optional<std::string_view> KeyName(std::string_view line) {
     const std::size_t equals = line.find('=');
-    return equals != std::string_view::npos && EqualsIgnoringCase(TrimAll(line.substr(0, equals)), key);
+    if (equals == std::string_view::npos) return std::nullopt;
+    return TrimAll(line.substr(0, equals));
+}
+
+bool IsKey(std::string_view line, std::string_view key) {
+    const auto name = KeyName(line);
+    return name && EqualsIgnoringCase(*name, key);
 }
 
 std::string_view Unquoted(std::string_view value) {
     const bool quoted =
         value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front();
     return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+std::string_view ValueOf(std::string_view line) {
+    return Unquoted(TrimAll(line.substr(line.find('=') + 1)));
 }
 
 }  // namespace
@@ -69,8 +82,22 @@ std::size_t IniText::FindKey(std::string_view section, std::string_view key) con
 std::optional<std::string> IniText::Get(std::string_view section, std::string_view key) const {
     const std::size_t at = FindKey(section, key);
     if (at == NotFound) return std::nullopt;
-    const std::string_view line = lines_[at];
-    return std::string(Unquoted(TrimAll(line.substr(line.find('=') + 1))));
+    return std::string(ValueOf(lines_[at]));
+}
+
+void IniText::ForEach(const Visit& visit) const {
+    std::set<std::string> sections;
+    std::set<std::string> keys;
+    std::optional<std::string_view> section;
+    for (const std::string& line : lines_) {
+        if (const auto name = SectionName(line)) {
+            section = sections.insert(UpperCase(*name)).second ? name : std::nullopt;
+            keys.clear();
+            continue;
+        }
+        const auto key = section ? KeyName(line) : std::nullopt;
+        if (key && keys.insert(UpperCase(*key)).second) visit(*section, *key, ValueOf(line));
+    }
 }
 
 void IniText::Set(std::string_view section, std::string_view key, std::string_view value) {
@@ -107,11 +134,16 @@ std::string GetPrivateProfileString(Files& files, std::string_view section, std:
 
 bool WritePrivateProfileString(Files& files, std::string_view section, std::string_view key, std::string_view value,
                                const Path& file) {
+    return WritePrivateProfileStrings(files, section, {{key, value}}, file);
+}
+
+bool WritePrivateProfileStrings(Files& files, std::string_view section, const std::vector<IniValue>& values,
+                                const Path& file) {
     const auto content = files.Read(file, Files::DefaultLimit + 1);
     const bool whole = content ? content->size() <= Files::DefaultLimit : !files.Exists(file);
     if (!whole) return false;
     IniText text(content.value_or(std::string()));
-    text.Set(section, key, value);
+    for (const IniValue& row : values) text.Set(section, row.key, row.value);
     return files.Write(file, text.Content());
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,6 +20,9 @@ class IniText {
 
     // The value behind the key, blanks around it and one pair of quotes taken off; nothing when the key is missing.
     std::optional<std::string> Get(std::string_view section, std::string_view key) const;
+    // All that Get finds: of sections, and of keys within one, those of the same name behind the first do not count.
+    using Visit = std::function<void(std::string_view section, std::string_view key, std::string_view value)>;
+    void ForEach(const Visit& visit) const;
     // Replaces the key's line, or adds it at the end of its section (which is made at the end of the file); every other
     // line stays as it stands.
     void Set(std::string_view section, std::string_view key, std::string_view value);
@@ -32,11 +36,19 @@ class IniText {
     std::vector<std::string> lines_;
 };
 
-// The profile strings of an operating system: one read, one write. A missing or unreadable file gives the default; a
-// file that cannot be written, or not be read whole first, answers false and stays as it is.
+struct IniValue {
+    std::string_view key;
+    std::string_view value;
+};
+
+// The profile strings of an operating system: one read, one write; several keys go out in one write. A missing or
+// unreadable file gives the default; a file that cannot be written, or not be read whole first, answers false and stays
+// as it is.
 std::string GetPrivateProfileString(Files& files, std::string_view section, std::string_view key,
                                     std::string_view otherwise, const Path& file);
 bool WritePrivateProfileString(Files& files, std::string_view section, std::string_view key, std::string_view value,
                                const Path& file);
+bool WritePrivateProfileStrings(Files& files, std::string_view section, const std::vector<IniValue>& values,
+                                const Path& file);
 
 }  // namespace platform

@@ -1,7 +1,6 @@
 #include "shell/language.h"
 
-#include <algorithm>
-
+#include "platform/ini_file.h"
 #include "platform/text.h"
 
 namespace shell {
@@ -11,19 +10,6 @@ namespace {
 constexpr std::size_t LongestText = 255;
 constexpr std::size_t LargestFile = 4U << 20U;
 constexpr char Mark = '&';
-
-std::string_view TrimBlanks(std::string_view text) {
-    constexpr std::string_view Blanks = " \t\r";
-    const std::size_t first = text.find_first_not_of(Blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
-}
-
-std::string_view WithoutQuotes(std::string_view value) {
-    const bool quoted =
-        value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front();
-    return quoted ? value.substr(1, value.size() - 2) : value;
-}
 
 std::string Address(std::string_view section, std::string_view key) {
     return platform::UpperCase(section) + '\n' + platform::UpperCase(key);
@@ -35,21 +21,9 @@ void Language::Load(platform::Files& files, const platform::Path& file) {
     texts_.clear();
     const auto content = files.Read(file, LargestFile);
     if (!content) return;
-    std::string_view rest = *content;
-    std::string section;
-    while (!rest.empty()) {
-        const std::size_t end = rest.find('\n');
-        const std::string_view line = TrimBlanks(rest.substr(0, end));
-        rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
-        if (!line.empty() && line.front() == '[') {
-            section = TrimBlanks(line.substr(1, line.find(']') - 1));
-            continue;
-        }
-        const std::size_t equals = line.find('=');
-        if (equals == std::string_view::npos) continue;
-        const std::string_view value = WithoutQuotes(TrimBlanks(line.substr(equals + 1)));
-        texts_.emplace(Address(section, TrimBlanks(line.substr(0, equals))), value.substr(0, LongestText));
-    }
+    platform::IniText(*content).ForEach([this](auto section, auto key, auto value) {
+        texts_.emplace(Address(section, key), value.substr(0, LongestText));
+    });
 }
 
 const std::string& Language::Text(std::string_view key, std::string_view section) const {

@@ -26,9 +26,10 @@ constexpr int OldAdaptationItem = 12;
 
 // Pages of later versions. Each issue that builds one takes its name out of here.
 constexpr auto FuturePages = std::to_array<std::string_view>({
-    "Memorf", "ChiudiFile", "CancFileD", "Infile",  "VisOff",   "CancFile", "Programma",  "ProgFlash",
-    "RipriF", "SalvatF",    "CancFileS", "AutoTar", "ModMappa", "Ident",    "AutoTarOff", "StoricoA",
-    "Salvat", "Ripri",      "SalvatP",   "RipriP",  "SalvatM",  "SalvatPM", "RipriM",     "RipriPM",
+    "Memorf",    "ChiudiFile", "CancFileD", "Infile",  "VisOff",   "CancFile", "Programma",  "ProgFlash",
+    "RipriF",    "SalvatF",    "CancFileS", "AutoTar", "ModMappa", "Ident",    "AutoTarOff", "StoricoA",
+    "Salvat",    "Ripri",      "SalvatP",   "RipriP",  "SalvatM",  "SalvatPM", "RipriM",     "RipriPM",
+    "CancFileB", "Anomalie",   "MessaP",    "Imposta", "MessaL1",
 });
 
 template <class Range, class Value>
@@ -57,15 +58,11 @@ bool GuardHolds(Shell& shell, Guard guard) {
             return true;
         case Guard::Image:
             if (shell.state.SenzaImmagine != True) return true;
-            MostraMessaggio(shell, UsualTitle(shell), shell.TestoLingua("SEGNALAZIONE_1", "MARLOVENT"),
-                            StyleInformation, {});
+            Tell(shell, shell.TestoLingua("SEGNALAZIONE_1", "MARLOVENT"));
             return false;
         case Guard::NewProgram:
             if (shell.state.FirmwareVecchio != True) return true;
-            MostraMessaggio(
-                shell, UsualTitle(shell),
-                shell.TestoLingua("ERRORE_23", "ERRORI") + "\r\n" + shell.TestoLingua("ERRORE_24", "ERRORI"),
-                StyleInformation, {});
+            Tell(shell, shell.TestoLingua("ERRORE_23", "ERRORI") + "\r\n" + shell.TestoLingua("ERRORE_24", "ERRORI"));
             return false;
     }
     return true;
@@ -97,6 +94,28 @@ std::string EntryTitle(Shell& shell, const MenuItem& item) {
 
 Reason WhyMainNot(Shell& shell) {
     return shell.stack.WhyNot(shell.main);
+}
+
+// A menu can be reached through any entry and any toolbar button that pops it up, as long as one of them is on.
+Reason WhyMenuNot(Shell& shell, MenuId menu) {
+    if (menu == MenuId::MainMenu) return Reason::None;
+    const std::string_view name = Menus()[static_cast<std::size_t>(menu)].name;
+    Reason why = Reason::None;
+    const auto isWay = [&why](Reason obstacle) {
+        if (why == Reason::None) why = obstacle;
+        return obstacle == Reason::None;
+    };
+    for (const EntryRow& row : Entries()) {
+        if (row.target != Target::Submenu || row.name != name) continue;
+        const MenuItem& item = shell.main.Item(row.menu, row.index);
+        const Reason above = WhyMenuNot(shell, row.menu);
+        const Reason own = item.visible ? item.why : Reason::Hidden;
+        if (isWay(above == Reason::None ? own : above)) return Reason::None;
+    }
+    for (const ToolItem& tool : shell.main.tools) {
+        if (tool.row->target == Target::Submenu && tool.row->name == name && isWay(tool.why)) return Reason::None;
+    }
+    return why;
 }
 
 // The prefix of a menu's caption keys; the diesel build words its settings menu differently.
@@ -186,8 +205,7 @@ Outcome ChooseMenu(Shell& shell, MenuId menu, int index) {
     const MenuItem& item = items[static_cast<std::size_t>(index)];
     if (item.row->target == Target::Separator) return Outcome::Refused(Reason::NoSuchEntry);
     if (!item.visible) return Outcome::Refused(Reason::Hidden);
-    // A submenu hangs on its parent: an entry cannot be reached while that one is off. The toolbar pops up the same
-    // menus.
+    if (const Reason why = WhyMenuNot(shell, menu); why != Reason::None) return Outcome::Refused(why);
     if (item.why != Reason::None) return Outcome::Refused(item.why);
     if (item.row->idle && shell.state.FaseAcq != NoPhase) return Outcome::Refused(Reason::Calibration);
     if (item.row->target == Target::Submenu) return Outcome::Done();

@@ -158,4 +158,14 @@ void MostraMessaggio(Shell& shell, const std::string& titolo, const std::string&
     shell.messaggio.Ask({titolo, testo, stile, std::move(then)});
 }
 
+void Tell(Shell& shell, const std::string& text) {
+    shell.Beep();
+    MostraMessaggio(shell, UsualTitle(shell), text, StyleInformation, {});
+}
+
+void Ask(Shell& shell, const std::string& text, Then then) {
+    shell.Beep();
+    MostraMessaggio(shell, UsualTitle(shell), text, StyleQuestion, std::move(then));
+}
+
 }  // namespace shell

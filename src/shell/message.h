@@ -97,4 +97,8 @@ struct SystemMessage : pages::Page {
 // Opens the message page and returns; the answer, one of the buttons of the style, arrives in `then` (may be empty).
 void MostraMessaggio(Shell& shell, const std::string& titolo, const std::string& testo, int stile, Then then);
 
+// The two usual messages, with the usual title and a beep first: something to know, and a question with Yes and No.
+void Tell(Shell& shell, const std::string& text);
+void Ask(Shell& shell, const std::string& text, Then then);
+
 }  // namespace shell

@@ -33,19 +33,12 @@ constexpr std::array<SerialRow, 5> SerialRows{{
     {"BIT_STOP", "1", "1", 5, &SerialTexts::stopBits},
 }};
 
-struct ChartRow {
-    const char* section;
-    const char* key;
-    const char* value;
-};
-
 // Engine speed, throttle, lambda and second pressure are on the chart until the fitter chooses others.
-constexpr std::array<ChartRow, 5> ChartDefaults{{
-    {"GRAFICI", "Grafico_1", "0"},
-    {"GRAFICI", "Grafico_2", "2"},
-    {"GRAFICI", "Grafico_3", "1"},
-    {"GRAFICI", "Grafico_4", "4"},
-    {"SCHEMI", "Directory", ""},
+constexpr std::array<platform::IniValue, 4> ChartDefaults{{
+    {"Grafico_1", "0"},
+    {"Grafico_2", "2"},
+    {"Grafico_3", "1"},
+    {"Grafico_4", "4"},
 }};
 
 platform::Path File(const Shell& shell, const char* name) {
@@ -88,14 +81,16 @@ void LeggiLingua(Shell& shell) {
 
 void LeggiSeriale(Shell& shell) {
     const platform::Path file = File(shell, ConfigName);
-    if (!shell.host.files.Exists(file)) {
-        platform::IniText text;
-        for (const SerialRow& row : SerialRows) text.Set(Serial, row.key, row.writtenDefault);
-        shell.host.files.Write(file, text.Content());
+    const bool missing = !shell.host.files.Exists(file);
+    if (missing) {
+        std::vector<platform::IniValue> values;
+        for (const SerialRow& row : SerialRows) values.push_back({row.key, row.writtenDefault});
+        platform::WritePrivateProfileStrings(shell.host.files, Serial, values, file);
     }
     for (const SerialRow& row : SerialRows) {
-        const std::string value =
-            platform::GetPrivateProfileString(shell.host.files, Serial, row.key, row.readDefault, file);
+        // In a folder that cannot be written the working set holds all the same.
+        const char* otherwise = missing ? row.writtenDefault : row.readDefault;
+        const std::string value = platform::GetPrivateProfileString(shell.host.files, Serial, row.key, otherwise, file);
         shell.state.serial.*row.text = value.substr(0, row.width);
     }
 }
@@ -107,7 +102,9 @@ void LeggiRisoluzione(Shell& shell) {
 }
 
 void WriteChartDefaults(Shell& shell) {
-    for (const ChartRow& row : ChartDefaults) WriteMarlo(shell, row.section, row.key, row.value);
+    platform::WritePrivateProfileStrings(shell.host.files, "GRAFICI", {ChartDefaults.begin(), ChartDefaults.end()},
+                                         File(shell, MarloName));
+    WriteMarlo(shell, "SCHEMI", "Directory", "");
 }
 
 std::string DeviceOfPort(Shell& shell, int port) {

@@ -70,19 +70,32 @@ void SettingsPage::Opening() {
 }
 
 void SettingsPage::Watch(pages::Control& control) {
-    control.onChange = [this] { changed_ = true; };
+    control.onChange = [this] {
+        changed_ = true;
+        Salva.Enable(true);
+    };
 }
 
 void SettingsPage::Leave() {
     if (!changed_) return shell_.stack.ClosePage(*this);
-    MostraMessaggio(shell_, UsualTitle(shell_), shell_.TestoLingua("ERRORE_20", "ERRORI"), StyleQuestion,
-                    [this](Answer answer) {
-                        if (answer == Answer::Yes) shell_.stack.ClosePage(*this);
-                    });
+    Ask(shell_, shell_.TestoLingua("ERRORE_20", "ERRORI"), [this](Answer answer) {
+        if (answer == Answer::Yes) shell_.stack.ClosePage(*this);
+    });
+}
+
+void SettingsPage::PutButtonsLast() {
+    PutLast(Salva);
+    PutLast(Esci);
+}
+
+bool SettingsPage::TellUnwritable() {
+    Tell(shell_, shell::Fill(shell_.TestoLingua("CARTELLA_PROTETTA", "AVVIO"), shell_.state.CartellaProg));
+    return false;
 }
 
 ConfSer::ConfSer(Shell& owner) : SettingsPage(owner, "ConfSer", "CONFSER") {
     for (pages::Combo* list : {&Seriali, &BaudRate, &Parita, &BitDati, &BitStop}) Watch(*list);
+    PutButtonsLast();
 }
 
 void ConfSer::Fill() {
@@ -112,30 +125,31 @@ void ConfSer::Fill() {
 bool ConfSer::Store() {
     struct Row {
         const char* key;
-        const pages::Control* list;
+        const pages::Control& list;
+        std::vector<std::string> texts;  // as the file holds them
     };
-    const platform::Path file = shell_.FileInFolder("CONFIG.INI");
-    platform::IniText text(shell_.host.files.Read(file).value_or(std::string()));
-    for (const Row& row :
-         {Row{"COM", &Seriali}, Row{"BAUD_RATE", &BaudRate}, Row{"BIT_DATI", &BitDati}, Row{"BIT_STOP", &BitStop}}) {
+    const std::array<Row, 5> rows{{
+        {"COM", Seriali, Seriali.Items()},
+        {"BAUD_RATE", BaudRate, BaudRate.Items()},
+        {"PARITA", Parita, Items(Parities)},
+        {"BIT_DATI", BitDati, BitDati.Items()},
+        {"BIT_STOP", BitStop, BitStop.Items()},
+    }};
+    std::vector<platform::IniValue> values;
+    for (const Row& row : rows) {
         // A list with nothing chosen keeps what the file says.
-        if (row.list->Index() >= 0)
-            text.Set("SERIALE", row.key, row.list->Items()[static_cast<std::size_t>(row.list->Index())]);
+        if (row.list.Index() >= 0)
+            values.push_back({row.key, row.texts.at(static_cast<std::size_t>(row.list.Index()))});
     }
-    if (Parita.Index() >= 0) text.Set("SERIALE", "PARITA", Parities[static_cast<std::size_t>(Parita.Index())]);
-    if (!shell_.host.files.Write(file, text.Content())) {
-        shell_.Beep();
-        MostraMessaggio(shell_, UsualTitle(shell_),
-                        shell::Fill(shell_.TestoLingua("CARTELLA_PROTETTA", "AVVIO"), shell_.state.CartellaProg),
-                        StyleInformation, {});
-        return false;
-    }
+    const platform::Path file = shell_.FileInFolder("CONFIG.INI");
+    if (!platform::WritePrivateProfileStrings(shell_.host.files, "SERIALE", values, file)) return TellUnwritable();
     LeggiSeriale(shell_);
     return !shell_.hooks.ApriPorta || shell_.hooks.ApriPorta() == 0;
 }
 
 SceltaLingua::SceltaLingua(Shell& owner) : SettingsPage(owner, "SceltaLingua", "SCELTALINGUA") {
     Watch(ListaLingue);
+    PutButtonsLast();
 }
 
 void SceltaLingua::Fill() {
@@ -144,23 +158,20 @@ void SceltaLingua::Fill() {
     for (std::string& name : names) name.resize(name.rfind('.'));
     ListaLingue.SetItems(names);
     ListaLingue.SetIndex(IndexOf(names, shell_.state.Lingua));
+    Salva.Enable(ListaLingue.Index() >= 0, pages::Reason::NothingChosen);
 }
 
 bool SceltaLingua::Store() {
-    if (ListaLingue.Index() < 0) return false;
-    const bool written = WriteMarlo(shell_, "IMPOSTAZIONI", "Lingua",
-                                    ListaLingue.Items()[static_cast<std::size_t>(ListaLingue.Index())]);
-    if (!written) shell_.Beep();
-    MostraMessaggio(shell_, UsualTitle(shell_),
-                    written ? shell_.TestoLingua("SEGNALAZIONE_1", section_)
-                            : shell::Fill(shell_.TestoLingua("CARTELLA_PROTETTA", "AVVIO"), shell_.state.CartellaProg),
-                    StyleInformation, {});
-    return written;
+    const std::string& chosen = ListaLingue.Items().at(static_cast<std::size_t>(ListaLingue.Index()));
+    if (!WriteMarlo(shell_, "IMPOSTAZIONI", "Lingua", chosen)) return TellUnwritable();
+    Tell(shell_, shell_.TestoLingua("SEGNALAZIONE_1", section_));
+    return true;
 }
 
 TipoComp::TipoComp(Shell& owner) : SettingsPage(owner, "TipoComp", "TIPOCOMP") {
     Watch(Velocita[0]);
     Watch(Velocita[1]);
+    PutButtonsLast();
 }
 
 void TipoComp::Fill() {
@@ -173,12 +184,12 @@ void TipoComp::Fill() {
 bool TipoComp::Store() {
     const int chosen = Velocita[1].Selected() ? 1 : 0;
     shell_.state.TipoComputer = chosen;
-    WriteMarlo(shell_, "IMPOSTAZIONI", "Computer", std::to_string(chosen));
-    return true;
+    return WriteMarlo(shell_, "IMPOSTAZIONI", "Computer", std::to_string(chosen)) || TellUnwritable();
 }
 
 Risoluz::Risoluz(Shell& owner) : SettingsPage(owner, "Risoluz", "RISOLUZ") {
     Watch(TipoRisol);
+    PutButtonsLast();
 }
 
 void Risoluz::Fill() {
@@ -188,9 +199,8 @@ void Risoluz::Fill() {
 }
 
 bool Risoluz::Store() {
-    if (TipoRisol.Index() >= 0) {
-        WriteMarlo(shell_, "RISOLUZIONE", "Risoluzione", Resolutions.at(static_cast<std::size_t>(TipoRisol.Index())));
-    }
+    const char* chosen = Resolutions.at(static_cast<std::size_t>(TipoRisol.Index()));
+    if (!WriteMarlo(shell_, "RISOLUZIONE", "Risoluzione", chosen)) return TellUnwritable();
     LeggiRisoluzione(shell_);
     for (const auto& look : shell_.hooks.resolutionChanged) look();
     return true;

@@ -24,6 +24,10 @@ struct SettingsPage : pages::Page {
     virtual bool Store() = 0;
     // Any edit of this control sets the changed flag.
     void Watch(pages::Control& control);
+    // For the constructor of a dialog: its own controls come before the two buttons.
+    void PutButtonsLast();
+    // Says that the program directory cannot be written; gives back false, which keeps the dialog open.
+    bool TellUnwritable();
 
     Shell& shell_;
     std::string section_;
