@@ -26,10 +26,10 @@ constexpr int OldAdaptationItem = 12;
 
 // Pages of later versions. Each issue that builds one takes its name out of here.
 constexpr auto FuturePages = std::to_array<std::string_view>({
-    "Memorf",    "ChiudiFile", "CancFileD", "Infile",  "VisOff",   "CancFile", "Programma",  "ProgFlash",
-    "RipriF",    "SalvatF",    "CancFileS", "AutoTar", "ModMappa", "Ident",    "AutoTarOff", "StoricoA",
-    "Salvat",    "Ripri",      "SalvatP",   "RipriP",  "SalvatM",  "SalvatPM", "RipriM",     "RipriPM",
-    "CancFileB", "Anomalie",   "MessaP",    "Imposta", "MessaL1",
+    "Memorf",     "ChiudiFile", "CancFileD", "Infile",    "VisOff",   "CancFile", "Programma",
+    "ProgFlash",  "RipriF",     "SalvatF",   "CancFileS", "AutoTar",  "ModMappa", "Ident",
+    "AutoTarOff", "StoricoA",   "Salvat",    "Ripri",     "SalvatP",  "RipriP",   "SalvatM",
+    "SalvatPM",   "RipriM",     "RipriPM",   "CancFileB", "Anomalie", "MessaP",   "Imposta",
 });
 
 template <class Range, class Value>
