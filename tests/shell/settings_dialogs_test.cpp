@@ -271,7 +271,7 @@ TEST(Risoluz, ChangesTheFiguresAtOnce) {
     EXPECT_EQ(page.LabCana.Text(), w.Text("LABCANA.0", "RISOLUZ"));
     EXPECT_EQ(page.TipoRisol.Index(), 1);
     int told = 0;
-    w.Shell().hooks.ResolutionChanged = [&] { ++told; };
+    w.Shell().hooks.resolutionChanged.push_back([&] { ++told; });
     w.Choose(page.TipoRisol, 0);
     w.Stack().Press(page.Salva);
     EXPECT_EQ(w.Shell().state.RisoluzionePiena, True);
