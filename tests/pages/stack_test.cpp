@@ -20,6 +20,7 @@ struct Sheet : Page {
             log += "leave:" + Figure.Text() + " ";
             if (Figure.Text() == "9999") SetFocus(&Figure);
         };
+        Figure.onDoubleClick = [this] { log += "double "; };
         Choice.SetItems({"a", "b", "c"});
         Choice.onChange = [this] { log += "choice:" + std::to_string(Choice.Index()) + " "; };
         Many.SetItems({"a", "b", "c"});
