@@ -11,9 +11,8 @@ namespace desktop {
 
 namespace {
 
-bool IsByHand(Qt::FocusReason reason) {
-    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason ||
-           reason == Qt::MouseFocusReason;
+bool IsByKey(Qt::FocusReason reason) {
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
 }
 
 }  // namespace
@@ -132,11 +131,14 @@ bool PageView::eventFilter(QObject* watched, QEvent* event) {
 // A press moves the focus first: where the field left for it holds a refused value, nothing else happens.
 bool PageView::TakesPress(const Bound& bound) {
     if (!pages::TakesFocus(*bound.control) || page_.Focus() == bound.control) return true;
-    return hands_.FocusOn(*bound.control);
+    if (hands_.FocusOn(*bound.control)) return true;
+    // The window has moved its own focus already.
+    PushFocus();
+    return false;
 }
 
 void PageView::FollowFocus(const Bound& bound, Qt::FocusReason reason) {
-    if (pushing_ || page_.Focus() == bound.control || !IsByHand(reason) || !pages::TakesFocus(*bound.control)) return;
+    if (pushing_ || page_.Focus() == bound.control || !IsByKey(reason) || !pages::TakesFocus(*bound.control)) return;
     // The answer may put the focus back, also on the very control that the page believes it never left.
     focusDirty_ = true;
     hands_.FocusOn(*bound.control);

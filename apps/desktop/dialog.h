@@ -1,22 +1,19 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 
 #include "desktop/binder.h"
+#include "desktop/dialog_parts.h"
 #include "desktop/layout.h"
-
-class QVBoxLayout;
-class QHBoxLayout;
 
 namespace desktop {
 
-class PictureView;
-
-// The window of a page. Its parts stand as the plan says: pictures and texts, the fields in rows, lists and tables,
-// live figures beside them, the message strip, the buttons at the right. It closes when the page does, not by itself.
+// The window of a page. It closes when the page does, not by itself.
 class Dialog : public QDialog {
     Q_OBJECT
   public:
+    // `hint` shows a sentence in the status bar of the main window.
     Dialog(pages::Page& page, Hands& hands, const Look& look, std::function<void(const QString&)> hint);
 
     PageView& View() { return view_; }
@@ -33,22 +30,18 @@ class Dialog : public QDialog {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    void Build();
-    void BuildTexts(QHBoxLayout& line);
-    QWidget* BuildRows();
-    void BuildStrip(QVBoxLayout& column);
-    void BuildButtons(QVBoxLayout& column);
+    void ShowTitle();
     void ShowStripPicture();
+    void ShowLimits();
     void Place();
     void FitHeight();
 
     pages::Page& page_;
     Hands& hands_;
-    const Look& look_;
     std::function<void(const QString&)> hint_;
     PagePlan plan_;
     PageView view_;
-    PictureView* stripPicture_ = nullptr;
+    DialogParts parts_;
     QRect area_;
 };
 

@@ -22,6 +22,9 @@ constexpr double SwitchLines = 4.5;
 constexpr double CentreLampLines = 2.2;
 constexpr double RowLampLines = 1.5;
 constexpr double WaitingPictureLines = 4;
+constexpr int CardColumns = 2;
+constexpr double FigurePoints = 28;  // readable at two metres
+constexpr int FigureChars = 6;       // "R 3300": a letter, a blank and four digits
 constexpr int CardStretch = 5;
 constexpr int MiddleStretch = 4;
 
@@ -85,7 +88,10 @@ QString PictureOf(LinkLook look) {
 }
 
 GraficiView::GraficiView(eculink::Link& link, Hands& hands, const Look& look)
-    : link_(link), look_(look), view_(link.grafici, *this, hands, look), cards_(new CardGrid(this)) {
+    : link_(link),
+      look_(look),
+      view_(link.grafici, *this, hands, look),
+      cards_(new CardGrid(this, CardColumns, FigurePoints, FigureChars)) {
     setObjectName(QStringLiteral("Grafici"));
     BuildCards();
     auto* line = new QHBoxLayout(this);
@@ -109,9 +115,14 @@ QWidget* GraficiView::BuildMiddle() {
     auto* column = new QVBoxLayout(middle);
     column->setContentsMargins(0, 0, 0, 0);
     middle_ = new QStackedLayout;
-    auto* chart = new ChartView(middle);
+    // A sheet of its own below the chart: whether the chart itself shows is the page's affair.
+    auto* sheet = new QWidget(middle);
+    auto* chart = new ChartView(sheet);
     chart->setObjectName(QStringLiteral("GraficoC"));
-    middle_->addWidget(chart);
+    auto* whole = new QVBoxLayout(sheet);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(chart);
+    middle_->addWidget(sheet);
     middle_->addWidget(BuildWaiting());
     column->addLayout(middle_, 1);
     auto* buttons = new QHBoxLayout;
@@ -150,6 +161,7 @@ QWidget* GraficiView::BuildWaiting() {
 
 QWidget* GraficiView::BuildSwitch() {
     auto* side = new QWidget(this);
+    switch_ = side;
     auto* column = new QVBoxLayout(side);
     column->setContentsMargins(0, Margin, 0, Margin);
     auto* picture = new PictureView(side, SwitchLines);
@@ -200,11 +212,7 @@ void GraficiView::Sync() {
     if (first || now != seen_) ShowLink(now);
     if (first) NameLamps();
     shown_ = shown_ || first;
-    if (!view_.Sync()) return;
-    // Units change their width with the view.
-    const int view = link_.state.VistaDati;
-    if (first || view != seenCards_) cards_->Arrange();
-    seenCards_ = view;
+    view_.Sync();
 }
 
 void GraficiView::ShowLink(LinkLook now) {
@@ -221,6 +229,7 @@ void GraficiView::ShowLink(LinkLook now) {
     static_cast<Sheet*>(waiting_)->SetBand(look_.theme.surface, lost ? look_.theme.bad : look_.theme.line,
                                            lost ? 2 * Band : Band);
     cards_->SetLive(live, look_);
+    switch_->setEnabled(live);
 }
 
 }  // namespace desktop

@@ -42,13 +42,13 @@ class GraficiView : public QWidget {
     CardGrid* cards_;
     QStackedLayout* middle_ = nullptr;
     QWidget* waiting_ = nullptr;
+    QWidget* switch_ = nullptr;
     PictureView* waitingPicture_ = nullptr;
     QLabel* lost_ = nullptr;
     QLabel* centreCaption_ = nullptr;
     QLabel* rowCaption_ = nullptr;
     bool shown_ = false;
     LinkLook seen_ = LinkLook::Waiting;
-    int seenCards_ = -1;
 };
 
 }  // namespace desktop

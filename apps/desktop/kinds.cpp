@@ -11,6 +11,7 @@
 
 #include "desktop/binder.h"
 #include "desktop/widgets/chart_view.h"
+#include "desktop/widgets/choice_box.h"
 #include "desktop/widgets/field_edit.h"
 #include "desktop/widgets/grid_view.h"
 #include "desktop/widgets/lamp_view.h"
@@ -126,13 +127,12 @@ QString EntryText(const Control& control, std::size_t index) {
 }
 
 QWidget* MakeCombo(const Control&, QWidget* parent) {
-    auto* combo = new QComboBox(parent);
-    combo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    return combo;
+    return new ChoiceBox(parent);
 }
 
-void PushCombo(const Control& control, QWidget& widget, const Look&) {
-    auto& combo = static_cast<QComboBox&>(widget);
+void PushCombo(const Control& control, QWidget& widget, const Look& look) {
+    auto& combo = static_cast<ChoiceBox&>(widget);
+    combo.SetMarks(MarksOf(control), look.theme);
     const int count = static_cast<int>(control.Items().size());
     const bool recount = combo.count() != count;
     if (recount) combo.clear();

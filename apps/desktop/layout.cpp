@@ -21,6 +21,7 @@ struct PlaceRule {
 };
 constexpr auto PlaceRules = std::to_array<PlaceRule>({
     {"", "Segnalazione", Place::Strip},
+    {"", "Avanzamento", Place::Progress},
     {"Messaggio", "Segnalazione", Place::Text},
     {"SystemMessage", "Title", Place::Heading},
     {"SystemMessage", "Text", Place::Text},
@@ -39,7 +40,40 @@ constexpr auto TwinRules = std::to_array<TwinRule>({
     {"Risoluz", "LabCana", "", "TipoRisol", ""},
 });
 
-constexpr std::array<std::string_view, 2> MessagePages{"Messaggio", "SystemMessage"};
+// Figures of the engine that tell what an edit does.
+struct LiveRule {
+    std::string_view page;
+    std::string_view label;
+    std::string_view figure;
+    std::string_view unit;
+    bool above;
+};
+constexpr auto LiveRules = std::to_array<LiveRule>({
+    {"MessaL1", "LabAuto", "DatiAuto", "UmAuto", true},
+});
+
+struct AxesRule {
+    std::string_view page;
+    std::string_view grid;
+    std::string_view columns;
+    std::string_view rows;
+    std::string_view columnCaption;
+    std::string_view rowCaption;
+};
+constexpr auto AxesRules = std::to_array<AxesRule>({
+    {"MessaL1", "LambdaRicco", "Giri", "MAPV", "LabGiri", "LabMAPV"},
+});
+
+// Pages whose text is what they are for; one that asks in its message strip has a picture for the question.
+struct MessageRule {
+    std::string_view page;
+    const char* picture;
+};
+constexpr std::array<MessageRule, 3> MessageRules{{
+    {"Messaggio", ""},
+    {"SystemMessage", ""},
+    {"InEEPROM", "exclamation"},
+}};
 
 std::string_view BaseName(std::string_view name) {
     return name.substr(0, name.find('('));
@@ -93,6 +127,39 @@ class Placed {
   private:
     std::vector<const Control*> taken_;
 };
+
+void PlaceLive(const pages::Page& page, PagePlan& plan, Placed& placed) {
+    for (const LiveRule& rule : LiveRules) {
+        if (rule.page != page.Name()) continue;
+        plan.liveAbove = rule.above;
+        for (Control* control : page.Controls()) {
+            if (BaseName(control->Name()) != rule.figure) continue;
+            const std::string_view index = IndexOf(control->Name());
+            const LiveFigure live{Member(page, rule.label, index), control, Member(page, rule.unit, index)};
+            for (const Control* part : {live.label, live.figure, live.unit}) placed.Take(part);
+            plan.live.push_back(live);
+        }
+    }
+}
+
+void PlaceAxes(const pages::Page& page, PagePlan& plan, Placed& placed) {
+    for (const AxesRule& rule : AxesRules) {
+        if (rule.page != page.Name()) continue;
+        Axes& axes = plan.axes;
+        axes.grid = page.Find(rule.grid);
+        axes.columnCaption = page.Find(rule.columnCaption);
+        axes.rowCaption = page.Find(rule.rowCaption);
+        plan.surface = true;
+        for (Control* control : page.Controls()) {
+            if (BaseName(control->Name()) == rule.columns) axes.columns.push_back(control);
+            if (BaseName(control->Name()) == rule.rows) axes.rows.push_back(control);
+        }
+        for (const auto* part : {&axes.columns, &axes.rows}) {
+            for (const Control* control : *part) placed.Take(control);
+        }
+        for (const Control* control : {axes.grid, axes.columnCaption, axes.rowCaption}) placed.Take(control);
+    }
+}
 
 void PlaceByRules(const pages::Page& page, PagePlan& plan, Placed& placed) {
     for (Control* control : page.Controls()) {
@@ -198,8 +265,14 @@ void PlaceByKind(const pages::Page& page, PagePlan& plan, const Placed& placed) 
 PagePlan PlanOf(const pages::Page& page) {
     PagePlan plan;
     Placed placed;
-    plan.message = std::find(MessagePages.begin(), MessagePages.end(), page.Name()) != MessagePages.end();
+    for (const MessageRule& rule : MessageRules) {
+        if (rule.page != page.Name()) continue;
+        plan.message = true;
+        plan.stripPicture = rule.picture;
+    }
     PlaceByRules(page, plan, placed);
+    PlaceLive(page, plan, placed);
+    PlaceAxes(page, plan, placed);
     PlaceRows(page, plan, placed);
     PairInOrder(page, plan, placed);
     PlaceByKind(page, plan, placed);

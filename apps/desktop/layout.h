@@ -16,6 +16,22 @@ struct FieldRow {
     pages::Control* unit = nullptr;
 };
 
+// A live figure beside the fields: its name, the figure, its unit.
+struct LiveFigure {
+    pages::Control* label = nullptr;
+    pages::Control* figure = nullptr;
+    pages::Control* unit = nullptr;
+};
+
+// A table whose header cells are edited in fields: the axes, with what they are called.
+struct Axes {
+    pages::Control* grid = nullptr;
+    std::vector<pages::Control*> columns;
+    std::vector<pages::Control*> rows;
+    pages::Control* columnCaption = nullptr;
+    pages::Control* rowCaption = nullptr;
+};
+
 // Where each control of a page stands in its window, worked out from kinds and names. Every control stands in exactly
 // one place.
 struct PagePlan {
@@ -26,10 +42,16 @@ struct PagePlan {
     std::vector<FieldRow> rows;
     FieldRow heads;                     // captions above the columns
     std::vector<pages::Control*> wide;  // lists, tables, options: the whole width
-    std::vector<pages::Control*> side;  // live figures and lamps beside the fields
-    pages::Control* strip = nullptr;    // the message at the bottom
+    std::vector<pages::Control*> side;  // lamps beside the fields
+    std::vector<LiveFigure> live;       // figures of the engine
+    bool liveAbove = false;             // in a line above the fields, else in a column beside them
+    Axes axes;
+    bool surface = false;             // the table's cells are coloured by their figures
+    pages::Control* strip = nullptr;  // the message at the bottom
     std::vector<pages::Control*> buttons;
     bool message = false;  // a question: its text is what the window is for
+    // The picture of the message while nothing else is said of its kind.
+    const char* stripPicture = "information";
 };
 
 PagePlan PlanOf(const pages::Page& page);

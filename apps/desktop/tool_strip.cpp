@@ -23,6 +23,16 @@ QString Name(std::string_view key) {
     return QString::fromUtf8(key.data(), static_cast<qsizetype>(key.size()));
 }
 
+QWidget* Divider(QWidget* parent, const QColor& colour) {
+    auto* divider = new QFrame(parent);
+    divider->setFrameShape(QFrame::VLine);
+    divider->setFrameShadow(QFrame::Plain);
+    QPalette palette = divider->palette();
+    palette.setColor(QPalette::WindowText, colour);
+    divider->setPalette(palette);
+    return divider;
+}
+
 }  // namespace
 
 ToolStrip::ToolStrip(shell::Shell& shell, MenuViews& menus, Hands& hands, const Look& look)
@@ -32,10 +42,7 @@ ToolStrip::ToolStrip(shell::Shell& shell, MenuViews& menus, Hands& hands, const 
     line->setSpacing(1);
     for (const shell::ToolItem& item : shell.main.tools) {
         if (StartsGroup(item.row->key)) {
-            auto* divider = new QFrame(this);
-            divider->setFrameShape(QFrame::VLine);
-            divider->setFrameShadow(QFrame::Sunken);
-            line->addWidget(divider);
+            line->addWidget(Divider(this, look.theme.line));
         }
         auto* button = new QToolButton(this);
         button->setObjectName(Name(item.row->key));

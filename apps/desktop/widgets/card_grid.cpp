@@ -5,24 +5,18 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <numeric>
 
 namespace desktop {
 
 namespace {
 
-constexpr int Columns = 2;
 constexpr int Gap = 6;
 constexpr int BarWidth = 5;
 constexpr int Padding = 8;
-constexpr int FigureCells = 6;  // "R 3300": a letter, a blank and four digits
-constexpr double LeastFigurePoints = 28;
 // Height of the place of a figure over the size of its type: digits have no descenders.
+constexpr double SmallestPoints = 18;
 constexpr double HeightOverSize = 1.05;
-
-int LeastFigure(const QWidget& widget) {
-    constexpr double PointsAnInch = 72;
-    return static_cast<int>(LeastFigurePoints * widget.logicalDpiY() / PointsAnInch);
-}
 
 QLabel* SmallLabel(QWidget* parent, const QString& name) {
     auto* label = new QLabel(parent);
@@ -34,23 +28,45 @@ QLabel* SmallLabel(QWidget* parent, const QString& name) {
 
 }  // namespace
 
-Card::Card(QWidget* parent, const QString& name, const QString& figure, const QString& unit)
-    : QFrame(parent), name_(SmallLabel(this, name)), figure_(new FigureView(this)), unit_(SmallLabel(this, unit)) {
+Card::Card(CardGrid& grid, const QString& name, const QString& figure, const QString& unit)
+    : QFrame(&grid),
+      grid_(grid),
+      name_(SmallLabel(this, name)),
+      figure_(new FigureView(this)),
+      unit_(SmallLabel(this, unit)) {
     figure_->setObjectName(figure);
+    figure_->installEventFilter(this);
     unit_->setForegroundRole(QPalette::PlaceholderText);
     unit_->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
 }
 
-int Card::UnitWidth() const {
-    return unit_->fontMetrics().horizontalAdvance(unit_->text());
+int Card::Pixels(double points) const {
+    constexpr double PointsAnInch = 72;
+    return static_cast<int>(points * logicalDpiY() / PointsAnInch);
 }
 
-QSize Card::LeastSize(int unitWidth) const {
+// A figure that comes or goes moves all cards.
+bool Card::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent) grid_.Arrange();
+    return false;
+}
+
+// So does a unit of another width.
+bool Card::event(QEvent* event) {
+    if (event->type() == QEvent::LayoutRequest) grid_.Arrange();
+    return QFrame::event(event);
+}
+
+int Card::UnitWidth() const {
+    return unit_->sizeHint().width();
+}
+
+QSize Card::SizeFor(double points, int unitWidth) const {
     QFont font = figure_->font();
-    font.setPixelSize(LeastFigure(*this));
-    const int wide = BarWidth + 3 * Padding + FigureView::WidthOf(font, FigureCells) + unitWidth;
+    font.setPixelSize(Pixels(points));
+    const int wide = BarWidth + 3 * Padding + FigureView::WidthOf(font, grid_.Characters()) + unitWidth;
     const int high = name_->fontMetrics().height() + Padding + static_cast<int>(font.pixelSize() * HeightOverSize);
-    return {wide, high};
+    return {std::max(wide, BarWidth + 3 * Padding + name_->sizeHint().width()), high};
 }
 
 int Card::LargestFigure(QSize size, int unitWidth) const {
@@ -58,9 +74,9 @@ int Card::LargestFigure(QSize size, int unitWidth) const {
     QFont font = figure_->font();
     font.setPixelSize(Trial);
     const int room = size.width() - BarWidth - 3 * Padding - unitWidth;
-    const int byWidth = room * Trial / std::max(1, FigureView::WidthOf(font, FigureCells));
+    const int byWidth = room * Trial / std::max(1, FigureView::WidthOf(font, grid_.Characters()));
     const int byHeight = static_cast<int>((size.height() - name_->fontMetrics().height() - Padding) / HeightOverSize);
-    return std::max(LeastFigure(*this), std::min(byWidth, byHeight));
+    return std::max(Pixels(SmallestPoints), std::min(byWidth, byHeight));
 }
 
 void Card::Arrange(int unitWidth) {
@@ -103,7 +119,7 @@ void Card::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 Card& CardGrid::Add(const QString& name, const QString& figure, const QString& unit) {
-    cards_.push_back(new Card(this, name, figure, unit));
+    cards_.push_back(new Card(*this, name, figure, unit));
     return *cards_.back();
 }
 
@@ -120,20 +136,43 @@ int CardGrid::UnitWidth() const {
     return widest;
 }
 
+int CardGrid::Rows(std::size_t cards) const {
+    return (static_cast<int>(cards) + columns_ - 1) / columns_;
+}
+
+// What each column needs at least: a name may be longer than its figure.
+std::vector<int> CardGrid::WidthsFor(double points, const std::vector<Card*>& shown) const {
+    std::vector<int> widths(static_cast<std::size_t>(columns_), 0);
+    const int unitWidth = UnitWidth();
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        int& width = widths[i % widths.size()];
+        width = std::max(width, shown[i]->SizeFor(points, unitWidth).width());
+    }
+    return widths;
+}
+
+// Room that is left over goes to all columns alike.
 void CardGrid::Arrange() {
     const std::vector<Card*> shown = Shown();
     for (Card* card : cards_) card->setVisible(!card->Figure().isHidden());
     if (shown.empty()) return;
-    const int rows = (static_cast<int>(shown.size()) + Columns - 1) / Columns;
-    const QSize size((width() - (Columns - 1) * Gap) / Columns, (height() - (rows - 1) * Gap) / rows);
+    std::vector<int> widths = WidthsFor(points_, shown);
+    const int spare = width() - (columns_ - 1) * Gap - std::accumulate(widths.begin(), widths.end(), 0);
+    for (int& wide : widths) wide += std::max(0, spare / columns_);
+    const int rows = Rows(shown.size());
+    const int high = (height() - (rows - 1) * Gap) / rows;
     const int unitWidth = UnitWidth();
-    const int figure = shown.front()->LargestFigure(size, unitWidth);
-    for (int i = 0; i < static_cast<int>(shown.size()); ++i) {
-        Card& card = *shown[static_cast<std::size_t>(i)];
-        card.setGeometry((i % Columns) * (size.width() + Gap), (i / Columns) * (size.height() + Gap), size.width(),
-                         size.height());
-        card.Figure().SetFigureSize(figure);
-        card.Arrange(unitWidth);
+    const int least = *std::min_element(widths.begin(), widths.end());
+    const int figure = shown.front()->LargestFigure({least, high}, unitWidth);
+    int left = 0;
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const std::size_t column = i % widths.size();
+        if (column == 0) left = 0;
+        const int row = static_cast<int>(i / widths.size());
+        shown[i]->setGeometry(left, row * (high + Gap), widths[column], high);
+        shown[i]->Figure().SetFigureSize(figure);
+        shown[i]->Arrange(unitWidth);
+        left += widths[column] + Gap;
     }
     updateGeometry();
 }
@@ -142,19 +181,28 @@ void CardGrid::SetLive(bool live, const Look& look) {
     for (Card* card : cards_) card->SetLive(live, look);
 }
 
-QSize CardGrid::minimumSizeHint() const {
+QSize CardGrid::SizeFor(double points) const {
     const std::vector<Card*> shown = Shown();
     if (shown.empty()) return {};
-    const int rows = (static_cast<int>(shown.size()) + Columns - 1) / Columns;
-    const QSize card = shown.front()->LeastSize(UnitWidth());
-    return {Columns * card.width() + (Columns - 1) * Gap, rows * card.height() + (rows - 1) * Gap};
+    const std::vector<int> widths = WidthsFor(points, shown);
+    const int rows = Rows(shown.size());
+    return {std::accumulate(widths.begin(), widths.end(), 0) + (columns_ - 1) * Gap,
+            rows * shown.front()->SizeFor(points, UnitWidth()).height() + (rows - 1) * Gap};
+}
+
+QSize CardGrid::minimumSizeHint() const {
+    return {SizeFor(points_).width(), SizeFor(SmallestPoints).height()};
 }
 
 QSize CardGrid::sizeHint() const {
-    return minimumSizeHint();
+    return SizeFor(points_);
 }
 
 void CardGrid::resizeEvent(QResizeEvent*) {
+    Arrange();
+}
+
+void CardGrid::showEvent(QShowEvent*) {
     Arrange();
 }
 

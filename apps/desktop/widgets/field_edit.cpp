@@ -1,16 +1,15 @@
 #include "desktop/widgets/field_edit.h"
 
 #include <QPainter>
+#include <algorithm>
 
 namespace desktop {
 
 namespace {
 
-constexpr int FewDigits = 8;      // what a figure's field always has room for
-constexpr int LongText = 24;      // a field for words
-constexpr int MarkWidth = 16;     // room for the mark at the left edge
-constexpr double MarkRadius = 4;  // of the dot of a changed field
-constexpr int RefusedFrame = 3;
+constexpr int FewCharacters = 8;    // what a figure's field always has room for
+constexpr int ManyCharacters = 24;  // a field for words
+constexpr int Unlimited = 32767;
 
 }  // namespace
 
@@ -20,52 +19,43 @@ void FieldEdit::Show(const pages::Control& control, const Look& look) {
     setReadOnly(control.Locked());
     setFrame(!control.Locked());
     setFocusPolicy(control.Locked() ? Qt::NoFocus : Qt::StrongFocus);
-    setMaxLength(control.MaxLength() == 0 ? 32767 : static_cast<int>(control.MaxLength()));
+    const int longest = control.MaxLength() == 0 ? Unlimited : static_cast<int>(control.MaxLength());
+    // Setting it, even to what it is, takes the caret to the end.
+    if (longest != maxLength()) setMaxLength(longest);
     // The core pads its figures on the left; the eye and the caret want the figure alone.
-    const QString shown = figure ? Words(platform::Trim(control.Text())) : Words(control.Text());
-    if (shown != text()) {
-        const int fromEnd = static_cast<int>(text().size()) - cursorPosition();
-        setText(shown);
-        setCursorPosition(std::max(0, static_cast<int>(shown.size()) - fromEnd));
-    }
-    changedInk_ = look.theme.warn;
-    refusedInk_ = look.theme.bad;
-    const int digits = figure ? FewDigits : LongText;
-    if (digits != digits_) {
-        digits_ = digits;
+    ShowText(figure ? Words(platform::Trim(control.Text())) : Words(control.Text()));
+    const int characters = figure ? FewCharacters : ManyCharacters;
+    if (characters != characters_) {
+        characters_ = characters;
         updateGeometry();
     }
-    if (changed_ != control.Changed() || refused_ != control.Refused()) {
-        changed_ = control.Changed();
-        refused_ = control.Refused();
-        setTextMargins(changed_ || refused_ ? MarkWidth : 0, 0, 0, 0);
-        update();
-    }
+    theme_ = &look.theme;
+    if (marks_ == MarksOf(control)) return;
+    // What is refused will be typed anew.
+    if (control.Refused() && !marks_.refused) selectAll();
+    marks_ = MarksOf(control);
+    setTextMargins(marks_.Any() ? Marks::Width : 0, 0, 0, 0);
+    update();
+}
+
+// The caret keeps its distance from the end, where the figures grow.
+void FieldEdit::ShowText(const QString& shown) {
+    if (shown == text()) return;
+    const int fromEnd = static_cast<int>(text().size()) - cursorPosition();
+    setText(shown);
+    setCursorPosition(std::max(0, static_cast<int>(shown.size()) - fromEnd));
 }
 
 QSize FieldEdit::sizeHint() const {
     const QSize base = QLineEdit::sizeHint();
-    const int wide = fontMetrics().horizontalAdvance(QLatin1Char('0')) * digits_ + 2 * MarkWidth;
-    return {wide, base.height()};
+    return {fontMetrics().horizontalAdvance(QLatin1Char('0')) * characters_ + 2 * Marks::Width, base.height()};
 }
 
 void FieldEdit::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
-    if (!changed_ && !refused_) return;
+    if (!marks_.Any()) return;
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    if (refused_) {
-        painter.setPen(QPen(refusedInk_, RefusedFrame));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), 3, 3);
-        QFont bold = font();
-        bold.setBold(true);
-        painter.setFont(bold);
-        painter.drawText(QRect(RefusedFrame + 2, 0, MarkWidth, height()), Qt::AlignCenter, QStringLiteral("!"));
-        return;
-    }
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(changedInk_);
-    painter.drawEllipse(QPointF(MarkWidth - MarkRadius, height() / 2.0), MarkRadius, MarkRadius);
+    marks_.Draw(painter, rect(), *theme_);
 }
 
 }  // namespace desktop

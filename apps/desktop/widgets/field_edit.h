@@ -2,12 +2,12 @@
 
 #include <QLineEdit>
 
+#include "desktop/widgets/marks.h"
 #include "desktop/widgets/shows.h"
 
 namespace desktop {
 
-// An edit line. A changed value carries a dot at its left edge, a refused one a thick frame and an exclamation mark: a
-// colour alone would not reach every eye.
+// An edit line with the marks of an edited value.
 class FieldEdit : public QLineEdit, public Shows {
     Q_OBJECT
   public:
@@ -21,11 +21,11 @@ class FieldEdit : public QLineEdit, public Shows {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    bool changed_ = false;
-    bool refused_ = false;
-    int digits_ = 0;  // room for this many characters
-    QColor changedInk_;
-    QColor refusedInk_;
+    void ShowText(const QString& shown);
+
+    Marks marks_;
+    const Theme* theme_ = nullptr;
+    int characters_ = 0;  // that it has room for
 };
 
 }  // namespace desktop

@@ -108,14 +108,34 @@ GridView::GridView(QWidget* parent) : QTableWidget(parent) {
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
 }
 
+void GridView::SetAxes(std::vector<QWidget*> columns, std::vector<QWidget*> rows) {
+    columnAxis_ = std::move(columns);
+    rowAxis_ = std::move(rows);
+    for (const QWidget* line : columnAxis_) {
+        verticalHeader()->setDefaultSectionSize(
+            std::max(verticalHeader()->defaultSectionSize(), line->sizeHint().height()));
+    }
+}
+
+// Once, when the table has its shape: the table owns them from then on, and keeps its shape as long as they live.
+void GridView::PlaceAxes() {
+    const auto place = [this](QWidget* line, int row, int column) {
+        if (line->parentWidget() != viewport() && row < rowCount() && column < columnCount())
+            setCellWidget(row, column, line);
+    };
+    for (std::size_t i = 0; i < columnAxis_.size(); ++i) place(columnAxis_[i], 0, static_cast<int>(i) + 1);
+    for (std::size_t i = 0; i < rowAxis_.size(); ++i) place(rowAxis_[i], static_cast<int>(i) + 1, 0);
+}
+
 void GridView::Show(const pages::Control& control, const Look& look) {
     locked_ = control.Locked() || !control.onCell;
     digits_ = control.filter == pages::KeyFilter::Digits;
     maxLength_ = control.MaxLength();
     setEditTriggers(locked_ ? QAbstractItemView::EditTriggers(NoEditTriggers)
                             : DoubleClicked | EditKeyPressed | AnyKeyPressed);
-    headerRows_ = std::min(control.HeaderRows(), 1);
-    headerColumns_ = std::min(control.HeaderColumns(), 1);
+    const bool axes = !columnAxis_.empty() || !rowAxis_.empty();
+    headerRows_ = axes ? 0 : std::min(control.HeaderRows(), 1);
+    headerColumns_ = axes ? 0 : std::min(control.HeaderColumns(), 1);
     markInk_ = look.theme.accent;
     markedRow_ = control.MarkedRow() - headerRows_;
     markedColumn_ = control.MarkedColumn() - headerColumns_;
@@ -127,14 +147,15 @@ void GridView::Show(const pages::Control& control, const Look& look) {
 // A new shape makes the table anew; else only the texts that differ are touched.
 void GridView::Fill(const pages::Control& control, const Look& look) {
     const pages::Cells& cells = control.GetCells();
-    const int rows = std::max(0, static_cast<int>(cells.size()) - headerRows_);
-    const int columns = std::max(0, ColumnsOf(cells) - headerColumns_);
+    const int rows = std::max(static_cast<int>(cells.size()) - headerRows_, static_cast<int>(rowAxis_.size()));
+    const int columns = std::max(ColumnsOf(cells) - headerColumns_, static_cast<int>(columnAxis_.size()));
     const bool reshaped = rows != rowCount() || columns != columnCount();
     if (reshaped) {
         setRowCount(rows);
         setColumnCount(columns);
         horizontalHeader()->setVisible(headerRows_ > 0);
         verticalHeader()->setVisible(headerColumns_ > 0);
+        PlaceAxes();
     }
     bool wider = reshaped;
     const auto put = [&](QTableWidgetItem* item, const std::string& text) {
@@ -168,11 +189,27 @@ void GridView::Fill(const pages::Control& control, const Look& look) {
             put(cell, CellText(cells, row + headerRows_, column + headerColumns_));
         }
     }
-    if (wider) {
-        resizeColumnsToContents();
-        for (int column = 0; column < columns; ++column) setColumnWidth(column, columnWidth(column) + CellPadding);
-        updateGeometry();
+    if (wider) FitColumns();
+}
+
+// As wide as the widest text of each column; the columns of a table with axes are alike and fill its width.
+void GridView::FitColumns() {
+    std::vector<int> widths;
+    for (int column = 0; column < columnCount(); ++column) {
+        const auto wide = [this](const QTableWidgetItem* item) {
+            return item == nullptr ? 0 : fontMetrics().horizontalAdvance(item->text());
+        };
+        int widest = wide(horizontalHeaderItem(column));
+        for (int row = 0; row < rowCount(); ++row) widest = std::max(widest, wide(item(row, column)));
+        widths.push_back(widest + CellPadding);
     }
+    // A table with axes fills its place.
+    const int share = widths.empty() ? 0 : viewport()->width() / columnCount();
+    const int most = widths.empty() ? 0 : std::max(share, *std::max_element(widths.begin(), widths.end()));
+    for (int column = 0; column < columnCount(); ++column) {
+        setColumnWidth(column, columnAxis_.empty() ? widths[Index(column)] : most);
+    }
+    updateGeometry();
 }
 
 void GridView::Shade(const pages::Control& control, const Look& look) {
@@ -214,6 +251,11 @@ QSize GridView::minimumSizeHint() const {
 void GridView::keyPressEvent(QKeyEvent* event) {
     if (locked_ && !event->text().isEmpty() && event->text().front().isPrint()) return event->ignore();
     QTableWidget::keyPressEvent(event);
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+    QTableWidget::resizeEvent(event);
+    if (!columnAxis_.empty()) FitColumns();
 }
 
 void GridView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {

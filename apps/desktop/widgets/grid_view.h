@@ -14,6 +14,9 @@ class GridView : public QTableWidget, public Shows {
     explicit GridView(QWidget* parent);
 
     void Show(const pages::Control& control, const Look& look) override;
+    // Edit lines in place of the headers: the axes of the table can be edited. The first row and column of the model's
+    // cells are then cells of the table, covered by the lines.
+    void SetAxes(std::vector<QWidget*> columns, std::vector<QWidget*> rows);
     // Colours the cells by their figures, the lowest to the highest; the figures stay readable.
     void SetSurface(bool surface) { surface_ = surface; }
     QSize sizeHint() const override;
@@ -24,13 +27,18 @@ class GridView : public QTableWidget, public Shows {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
   private:
     friend class GridDelegate;
+    void PlaceAxes();
     void Fill(const pages::Control& control, const Look& look);
+    void FitColumns();
     void Shade(const pages::Control& control, const Look& look);
 
+    std::vector<QWidget*> columnAxis_;
+    std::vector<QWidget*> rowAxis_;
     bool surface_ = false;
     bool locked_ = false;
     bool digits_ = false;

@@ -7,6 +7,7 @@ namespace desktop {
 
 namespace {
 
+constexpr double PaleOpacity = 0.35;  // of a lamp that tells nothing now
 const QColor MarkColour(20, 24, 30);
 
 // The marks, on a circle of radius 1 around the origin.
@@ -53,6 +54,7 @@ QSize LampView::sizeHint() const {
 void LampView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    if (!isEnabled()) painter.setOpacity(PaleOpacity);
     const double radius = std::min(width(), height()) / 2.0 - 1;
     painter.translate(width() / 2.0, height() / 2.0);
     painter.scale(radius, radius);

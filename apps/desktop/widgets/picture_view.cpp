@@ -7,6 +7,12 @@
 
 namespace desktop {
 
+namespace {
+
+constexpr double PaleOpacity = 0.35;  // of a picture that tells nothing now
+
+}  // namespace
+
 PictureView::PictureView(QWidget* parent, double lines, const QString& name)
     : QWidget(parent), lines_(lines), name_(name) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -40,7 +46,9 @@ void PictureView::paintEvent(QPaintEvent*) {
         painter.setRenderHint(QPainter::Antialiasing);
         DrawPicture(painter, QRectF(0, 0, side, side), name_);
     }
-    QPainter(this).drawPixmap((width() - side) / 2, (height() - side) / 2, drawn_);
+    QPainter painter(this);
+    if (!isEnabled()) painter.setOpacity(PaleOpacity);
+    painter.drawPixmap((width() - side) / 2, (height() - side) / 2, drawn_);
 }
 
 }  // namespace desktop
