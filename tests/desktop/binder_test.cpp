@@ -1,0 +1,248 @@
+#include "desktop/binder.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include "desktop/widgets/field_edit.h"
+#include "desktop/widgets/grid_view.h"
+#include "desktop/widgets/lamp_view.h"
+#include "desktop/widgets/picture_view.h"
+#include "pages/stack.h"
+
+namespace {
+
+using pages::Reason;
+
+// A page with a control of each kind.
+struct Sample : pages::Page {
+    Sample() : Page("Sample") {
+        Figure.filter = pages::KeyFilter::Digits;
+        Figure.SetMaxLength(4);
+        Figure.onLeave = [this] {
+            if (std::atoi(Figure.Text().c_str()) <= Largest) return;
+            Figure.SetRefused(true);
+            Heading.SetText("0 - 100");
+            SetFocus(&Figure);
+        };
+        Save.onPress = [this] { ++saved; };
+        BindKey("F1", Save);
+        List.SetItems({"one", "two", "three"});
+        Choice.SetItems({"low", "high"});
+        Table.SetCells({{"", "A", "B"}, {"r", "1", "2"}, {"s", "3", "4"}}, 1, 1);
+        Table.filter = pages::KeyFilter::Digits;
+        Table.onCell = [this](int row, int column, const std::string& text) { Table.SetCell(row, column, text); };
+    }
+
+    static constexpr int Largest = 100;
+
+    pages::Label Heading{*this, "Heading"};
+    pages::Field Figure{*this, "Figure"};
+    pages::Field Twin{*this, "Twin"};
+    pages::Combo Choice{*this, "Choice"};
+    pages::Array<pages::Option> Way{*this, "Way", 2};
+    pages::Check Mark{*this, "Mark"};
+    pages::List List{*this, "List"};
+    pages::Grid Table{*this, "Table"};
+    pages::Lamp Lamp{*this, "Lamp"};
+    pages::Picture Commu{*this, "Commu"};
+    pages::Button Save{*this, "Save"};
+    int saved = 0;
+};
+
+// The page in a window of its own, brought up to date after each input as the program does.
+struct Bench {
+    Bench() {
+        stack.Register(page);
+        stack.OpenPage(page, true);
+        auto* column = new QVBoxLayout(&window);
+        view.BindAll();
+        for (const pages::Control* control : page.Controls()) column->addWidget(view.WidgetOf(*control));
+        hands.after = [this] { view.Sync(); };
+        hands.refused = [this](Reason why) { refused = why; };
+        view.Sync();
+        window.show();
+        window.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window)) throw std::runtime_error("the window does not come to the front");
+    }
+    template <class Widget>
+    Widget& Of(const pages::Control& control) {
+        return dynamic_cast<Widget&>(*view.WidgetOf(control));
+    }
+
+    shell::Language language;
+    desktop::Look look{desktop::LightTheme(), language};
+    Sample page;
+    pages::PageStack stack;
+    desktop::Hands hands{stack};
+    QWidget window;
+    desktop::PageView view{page, window, hands, look};
+    Reason refused = Reason::None;
+};
+
+TEST(Binder, EachKindShowsWhatItsControlHolds) {
+    Bench bench;
+    Sample& page = bench.page;
+    page.Heading.SetText("Pressione \xE8 alta");
+    page.Figure.SetText("     850");
+    page.Twin.SetText("12");
+    page.Twin.SetLocked(true);
+    page.Choice.SetIndex(1);
+    page.Way[1].SetSelected(true);
+    page.Mark.SetSelected(true);
+    page.List.SetIndex(2);
+    page.Table.SetCell(2, 1, "77");
+    page.Lamp.SetColour("red");
+    page.Save.SetText("&Save");
+    bench.view.Sync();
+
+    EXPECT_EQ(bench.Of<QLabel>(page.Heading).text(), QString::fromUtf8("Pressione \xC3\xA8 alta"));
+    EXPECT_EQ(bench.Of<QLineEdit>(page.Figure).text(), "850");
+    EXPECT_TRUE(bench.Of<QLineEdit>(page.Figure).alignment().testFlag(Qt::AlignRight));
+    EXPECT_TRUE(bench.Of<QLineEdit>(page.Twin).isReadOnly());
+    EXPECT_EQ(bench.Of<QComboBox>(page.Choice).currentText(), "high");
+    EXPECT_FALSE(bench.Of<QRadioButton>(page.Way[0]).isChecked());
+    EXPECT_TRUE(bench.Of<QRadioButton>(page.Way[1]).isChecked());
+    EXPECT_TRUE(bench.Of<QCheckBox>(page.Mark).isChecked());
+    EXPECT_TRUE(bench.Of<QListWidget>(page.List).item(2)->isSelected());
+    auto& table = bench.Of<desktop::GridView>(page.Table);
+    EXPECT_EQ(table.horizontalHeaderItem(1)->text(), "B");
+    EXPECT_EQ(table.item(1, 0)->text(), "77");
+    EXPECT_EQ(bench.Of<desktop::LampView>(page.Lamp).accessibleDescription(), "red");
+    EXPECT_EQ(bench.Of<QPushButton>(page.Save).text(), "&Save  F1");
+    for (const pages::Control* control : page.Controls())
+        EXPECT_EQ(bench.view.WidgetOf(*control)->objectName().toStdString(), control->Name());
+}
+
+TEST(Binder, EachKindHandsItsInputToThePage) {
+    Bench bench;
+    Sample& page = bench.page;
+    QTest::keyClicks(&bench.Of<QLineEdit>(page.Figure), "42");
+    EXPECT_EQ(page.Figure.Text(), "42");
+    QTest::keyClick(&bench.Of<QComboBox>(page.Choice), Qt::Key_Down);
+    EXPECT_EQ(page.Choice.Index(), 0);
+    const auto clickMark = [&](const pages::Control& control) {
+        QWidget& mark = bench.Of<QWidget>(control);
+        QTest::mouseClick(&mark, Qt::LeftButton, {}, QPoint(8, mark.height() / 2));
+    };
+    clickMark(page.Way[0]);
+    clickMark(page.Way[1]);
+    EXPECT_FALSE(page.Way[0].Selected());
+    EXPECT_TRUE(page.Way[1].Selected());
+    EXPECT_FALSE(bench.Of<QRadioButton>(page.Way[0]).isChecked());
+    clickMark(page.Mark);
+    EXPECT_TRUE(page.Mark.Selected());
+    auto& list = bench.Of<QListWidget>(page.List);
+    list.setCurrentRow(1);
+    EXPECT_EQ(page.List.Index(), 1);
+    auto& table = bench.Of<desktop::GridView>(page.Table);
+    table.setCurrentCell(1, 1);
+    QTest::keyClick(&table, Qt::Key_9);
+    auto* editor = table.viewport()->findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    QTest::keyClick(editor, Qt::Key_8);
+    QTest::keyClick(editor, Qt::Key_Return);
+    EXPECT_EQ(page.Table.GetCells()[2][2], "98");
+    QTest::mouseClick(&bench.Of<QPushButton>(page.Save), Qt::LeftButton);
+    EXPECT_EQ(page.saved, 1);
+    QTest::keyClick(&table, Qt::Key_F1);
+    EXPECT_EQ(page.saved, 2);
+}
+
+TEST(Binder, KeysThatTheFieldDoesNotTakeLeaveItAndTheCaretAlone) {
+    Bench bench;
+    auto& edit = bench.Of<QLineEdit>(bench.page.Figure);
+    QTest::keyClicks(&edit, "12");
+    edit.setCursorPosition(1);
+    QTest::keyClicks(&edit, "x -.");
+    EXPECT_EQ(edit.text(), "12");
+    EXPECT_EQ(edit.cursorPosition(), 1);
+    QTest::keyClicks(&edit, "3456");
+    EXPECT_EQ(bench.page.Figure.Text(), "1342");
+    EXPECT_EQ(edit.text(), "1342");
+}
+
+TEST(Binder, ARefusedValueKeepsTheFocusWhateverTheHandDoes) {
+    Bench bench;
+    Sample& page = bench.page;
+    auto& edit = bench.Of<QLineEdit>(page.Figure);
+    edit.setFocus();
+    const auto tooMuch = [&] {
+        edit.selectAll();
+        QTest::keyClicks(&edit, "101");
+    };
+    tooMuch();
+    QTest::keyClick(&edit, Qt::Key_Return);
+    EXPECT_EQ(page.Focus(), &page.Figure);
+    EXPECT_EQ(bench.window.focusWidget(), &edit);
+    tooMuch();
+    QTest::keyClick(&edit, Qt::Key_Tab);
+    EXPECT_EQ(bench.window.focusWidget(), &edit);
+    tooMuch();
+    QTest::mouseClick(&bench.Of<QPushButton>(page.Save), Qt::LeftButton);
+    EXPECT_EQ(page.saved, 0);
+    EXPECT_EQ(bench.refused, Reason::ValueRefused);
+    EXPECT_EQ(bench.window.focusWidget(), &edit);
+    tooMuch();
+    bench.Of<QComboBox>(page.Choice).setFocus(Qt::ShortcutFocusReason);
+    EXPECT_EQ(bench.window.focusWidget(), &edit);
+    EXPECT_EQ(bench.Of<QLabel>(page.Heading).text(), "0 - 100");
+}
+
+TEST(Binder, EnterGoesOnInTheOrderOfThePageAndShiftTabBack) {
+    Bench bench;
+    Sample& page = bench.page;
+    page.Twin.SetLocked(true);
+    bench.view.Sync();
+    auto& edit = bench.Of<QLineEdit>(page.Figure);
+    edit.setFocus();
+    QTest::keyClicks(&edit, "7");
+    QTest::keyClick(&edit, Qt::Key_Return);
+    EXPECT_EQ(bench.window.focusWidget(), bench.view.WidgetOf(page.Choice));
+    QTest::keyClick(bench.window.focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(bench.window.focusWidget(), bench.view.WidgetOf(page.Way[0]));
+    QTest::keyClick(bench.window.focusWidget(), Qt::Key_Backtab);
+    QTest::keyClick(bench.window.focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(bench.window.focusWidget(), &edit);
+}
+
+TEST(Binder, WhatIsOffOrHiddenLooksSoAndTakesNothing) {
+    Bench bench;
+    Sample& page = bench.page;
+    page.Save.Enable(false, Reason::Unchanged);
+    page.Mark.SetVisible(false);
+    bench.view.Sync();
+    EXPECT_FALSE(bench.Of<QPushButton>(page.Save).isEnabled());
+    EXPECT_TRUE(bench.Of<QCheckBox>(page.Mark).isHidden());
+    QTest::mouseClick(&bench.Of<QPushButton>(page.Save), Qt::LeftButton);
+    EXPECT_EQ(page.saved, 0);
+    page.SetEnabled(false);
+    bench.view.Sync();
+    EXPECT_FALSE(bench.window.isEnabled());
+    page.SetEnabled(true);
+    page.Save.Enable(true);
+    page.SetFocus(&page.Choice);
+    bench.view.Sync();
+    EXPECT_EQ(bench.window.focusWidget(), bench.view.WidgetOf(page.Choice));
+}
+
+TEST(Binder, ATurnedWheelChangesNoChoiceInPassing) {
+    Bench bench;
+    bench.page.Choice.SetIndex(0);
+    bench.view.Sync();
+    auto& combo = bench.Of<QComboBox>(bench.page.Choice);
+    QWheelEvent wheel(QPointF(2, 2), combo.mapToGlobal(QPointF(2, 2)), {}, QPoint(0, -120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&combo, &wheel);
+    EXPECT_EQ(combo.currentIndex(), 0);
+}
+
+}  // namespace

@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStackedLayout>
+#include <QTest>
+#include <QToolButton>
+
+#include "desktop/widgets/figure_view.h"
+#include "desktop/workshop.h"
+
+namespace {
+
+using desktop_test::Workshop;
+using shell::MenuId;
+
+constexpr int SerialLine = 1;  // of MenuConf
+constexpr int About = 6;
+
+TEST(Windows, OpenAndCloseAsThePagesDo) {
+    Workshop shop;
+    shop.Begin();
+    EXPECT_TRUE(shop.windows.Main().isVisible());
+    EXPECT_EQ(shop.windows.Main().windowTitle().toStdString(), shop.program.shell.main.Title());
+    shop.Choose(MenuId::MenuConf, About);
+    desktop::Dialog& about = shop.Window(shop.program.shell.infor);
+    EXPECT_TRUE(about.isVisible());
+    EXPECT_TRUE(about.isModal());
+    QTest::keyClick(&about, Qt::Key_Escape);
+    EXPECT_FALSE(about.isVisible());
+    EXPECT_FALSE(shop.program.shell.infor.IsOpen());
+    shop.Choose(MenuId::MenuConf, About);
+    about.close();
+    EXPECT_FALSE(shop.program.shell.infor.IsOpen());
+}
+
+TEST(Windows, AQuestionIsAnsweredByKeysAlone) {
+    Workshop shop;
+    shop.Begin();
+    shell::ConfSer& page = shop.program.shell.confSer;
+    shop.Choose(MenuId::MenuConf, SerialLine);
+    QTest::keyClick(&shop.Find<QComboBox>(page, "BaudRate"), Qt::Key_Up);
+    QTest::keyClick(&shop.Window(page), Qt::Key_Escape);
+    ASSERT_TRUE(shop.program.shell.messaggio.IsOpen());
+    desktop::Dialog& question = shop.Window(shop.program.shell.messaggio);
+    EXPECT_EQ(question.parentWidget(), &shop.Window(page));
+    // Enter at once loses nothing: the focus stands on the way back.
+    QTest::keyClick(question.focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(question.isVisible());
+    EXPECT_TRUE(shop.Window(page).isVisible());
+
+    QTest::keyClick(&shop.Window(page), Qt::Key_Escape);
+    QTest::keyClick(question.focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(question.focusWidget()->objectName(), "TastoYes");
+    QTest::keyClick(question.focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(question.isVisible());
+    EXPECT_FALSE(shop.Window(page).isVisible());
+}
+
+TEST(Windows, AFunctionKeyStoresTheSettingsOfTheLine) {
+    Workshop shop;
+    shop.Begin();
+    shell::ConfSer& page = shop.program.shell.confSer;
+    shop.Choose(MenuId::MenuConf, SerialLine);
+    QTest::keyClick(&shop.Find<QComboBox>(page, "BaudRate"), Qt::Key_Up);
+    QTest::keyClick(&shop.Window(page), Qt::Key_F1);
+    EXPECT_FALSE(page.IsOpen());
+    EXPECT_EQ(shop.program.shell.state.serial.baud, "19200");
+}
+
+TEST(Windows, ClosingTheMainWindowEndsTheProgram) {
+    Workshop shop;
+    shop.Begin();
+    shop.windows.Main().close();
+    EXPECT_TRUE(shop.ended);
+    EXPECT_EQ(shop.program.shell.state.exitStatus, 0);
+}
+
+TEST(Windows, AReadThatRunsShowsHowFarItIs) {
+    Workshop shop;
+    ASSERT_TRUE(shop.Start());
+    const auto reading = [&] { return shop.program.memory.leggoIn.Avanzamento.Text() == "50"; };
+    ASSERT_TRUE(shop.RunUntil(reading, 60000));
+    shop.windows.Sync();
+    EXPECT_FALSE(shop.Window(shop.program.memory.leggoIn).isModal());
+    EXPECT_EQ(shop.Find<QProgressBar>(shop.program.memory.leggoIn, "Avanzamento").value(), 50);
+}
+
+TEST(MainWindow, MenusAndToolbarFollowTheirTables) {
+    Workshop shop;
+    shop.BeginLive();
+    auto& faults = shop.InMain<QToolButton>("ANOMALIE");
+    QAction* faultsEntry = shop.windows.Main().menuBar()->actions().at(5);
+    EXPECT_TRUE(faults.isEnabled());
+    shell::AbilitaComandi(shop.program.shell, shell::False);
+    shop.windows.Sync();
+    EXPECT_FALSE(faults.isEnabled());
+    EXPECT_FALSE(faultsEntry->isEnabled());
+    EXPECT_TRUE(shop.InMain<QToolButton>("PROGRAMMA").isEnabled());
+    EXPECT_EQ(faultsEntry->statusTip().toStdString(), shop.Text("OPERAZIONE", "MOTIVI"));
+    EXPECT_TRUE(faults.toolTip().contains(faultsEntry->statusTip()));
+    shell::AbilitaComandi(shop.program.shell, shell::True);
+    shop.windows.Sync();
+    EXPECT_TRUE(faultsEntry->isEnabled());
+
+    const auto& tuning = shop.windows.Main().Menus().Of(MenuId::MenuPunto).actions();
+    EXPECT_TRUE(tuning.at(11)->isVisible());
+    EXPECT_FALSE(tuning.at(12)->isVisible());
+}
+
+TEST(MainWindow, AMenuEntryOpensItsPageAndARefusalIsToldAtTheBottom) {
+    Workshop shop;
+    shop.Begin();
+    QMenu& settings = shop.windows.Main().Menus().Of(MenuId::MenuConf);
+    settings.actions().at(About)->trigger();
+    EXPECT_TRUE(shop.program.shell.infor.IsOpen());
+    shop.Stack().Close(shop.program.shell.infor);
+    shop.windows.Sync();
+    shop.program.shell.state.FaseAcq = 0;
+    settings.actions().at(About)->trigger();
+    EXPECT_FALSE(shop.program.shell.infor.IsOpen());
+    bool told = false;
+    for (const QLabel* label : shop.windows.Main().Status().findChildren<QLabel*>())
+        told = told || label->text().toStdString() == shop.Text("TARATURA", "MOTIVI");
+    EXPECT_TRUE(told);
+}
+
+TEST(MainWindow, WaitingLiveAndLostAreToldApart) {
+    Workshop shop;
+    shop.Sim("stream off");
+    shop.Begin();
+    const auto shown = [&](const char* name) { return shop.InMain<QWidget>(name).isVisible(); };
+    EXPECT_TRUE(shown("Attesa"));
+    EXPECT_TRUE(shown("AttesaRimedio"));
+    EXPECT_FALSE(shown("GraficoC"));
+    EXPECT_EQ(desktop::LookOf(shop.program.link), desktop::LinkLook::Waiting);
+
+    shop.Sim("stream on");
+    ASSERT_TRUE(shop.RunUntil([&] { return shop.program.link.state.FlussoAttivo == shell::True; }, 60000));
+    shop.Pass(1000);
+    EXPECT_FALSE(shown("Attesa"));
+    EXPECT_TRUE(shown("GraficoC"));
+    EXPECT_EQ(shop.InMain<desktop::FigureView>("DatiMot(0)").Text().toStdString(),
+              std::string(platform::Trim(shop.program.link.grafici.DatiMot[0].Text())));
+
+    shop.Sim("stream off");
+    shop.Pass(6000);
+    EXPECT_TRUE(shown("Attesa"));
+    EXPECT_EQ(desktop::LookOf(shop.program.link), desktop::LinkLook::Lost);
+}
+
+TEST(MainWindow, ADoubleClickOnACardReachesItsChannel) {
+    Workshop shop;
+    shop.BeginLive();
+    int clicked = -1;
+    for (int channel : {0, 7}) {
+        shop.program.link.grafici.DatiMot[channel].onDoubleClick = [&clicked, channel] { clicked = channel; };
+    }
+    QWidget* card = shop.InMain<desktop::FigureView>("DatiMot(7)").parentWidget();
+    QTest::mouseDClick(card, Qt::LeftButton, {}, QPoint(4, 4));
+    EXPECT_EQ(clicked, 7);
+}
+
+}  // namespace
