@@ -89,6 +89,14 @@ class Control {
     Handler onDoubleClick;
     CellHandler onCell;
 
+    // What stands beside a value in its row; any of them may be missing. Set once when the page is built.
+    struct Beside {
+        Control* label = nullptr;
+        Control* initial = nullptr;  // the value as the unit holds it
+        Control* unit = nullptr;
+    };
+    Beside beside;
+
     // An edit that has not been left yet.
     bool pending = false;
 

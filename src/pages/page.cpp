@@ -41,6 +41,7 @@ Control* Page::Find(std::string_view name) const {
 
 void Page::SetFocus(Control* control) {
     if (focus_ == control) return;
+    if (focus_ != nullptr) before_ = focus_;
     focus_ = control;
     Touch();
 }

@@ -37,6 +37,8 @@ class Page {
 
     Control* Focus() const { return focus_; }
     void SetFocus(Control* control);
+    // The control that had the focus before the present one; for a button that acts on the field the fitter comes from.
+    Control* FocusBefore() const { return before_; }
     // The next control behind `from` that can take the focus, going round; null when none can.
     Control* NextFocus(const Control* from) const;
 
@@ -77,6 +79,7 @@ class Page {
     std::vector<Control*> controls_;
     std::vector<KeyRow> keys_;
     Control* focus_ = nullptr;
+    Control* before_ = nullptr;
 };
 
 }  // namespace pages

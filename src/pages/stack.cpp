@@ -211,6 +211,10 @@ Outcome PageStack::Key(Page& page, std::string_view key) {
 
 Outcome PageStack::Close(Page& page) {
     if (const Reason why = WhyNot(page); why != Reason::None) return Outcome::Refused(why);
+    // A page whose way out is barred, by an exchange that runs, cannot be closed by its window either.
+    for (const Control* control : page.controls_) {
+        if (control->escapes && control->Visible() && !control->Enabled()) return Outcome::Refused(control->Why());
+    }
     LeavePending(page, nullptr);
     if (page.onClose) {
         page.onClose();

@@ -8,6 +8,12 @@
 
 namespace shell {
 
+// A text of the language: its key and section. Of a family the key ends with the point in front of the number.
+struct Text {
+    std::string_view key;
+    std::string_view section;
+};
+
 // The texts of one language file, read once. Anything may stand in the file: what is no section and no key is passed
 // over.
 class Language {

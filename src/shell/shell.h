@@ -55,6 +55,11 @@ struct Shell {
     const std::string& TestoLingua(std::string_view key, std::string_view section) const {
         return language.Text(key, section);
     }
+    const std::string& TestoLingua(const Text& text) const { return language.Text(text.key, text.section); }
+    // A text of a family.
+    const std::string& TestoLingua(const Text& family, int number) const {
+        return language.Text(std::string(family.key) + std::to_string(number), family.section);
+    }
     void Beep();
     // The program ends at once: nothing is asked, nothing saved.
     void End(int exitStatus);

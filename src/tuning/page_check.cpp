@@ -1,0 +1,91 @@
+#include "tuning/page_check.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "link/frames/numbers.h"
+#include "tuning/parameter_table.h"
+#include "tuning/tuning.h"
+
+namespace tuning {
+
+namespace {
+
+constexpr int ThrottleClosed = 3088;
+constexpr int ThrottleOpen = 3090;
+constexpr int WordBytes = 2;
+
+// Two thresholds of which the lower never passes the upper: lean and rich, entering and leaving.
+struct Pair {
+    std::size_t lower;
+    std::size_t upper;
+};
+constexpr std::array<Pair, 3> Pairs{{
+    {table::NumberOf("ValLam", 1), table::NumberOf("ValLam", 2)},
+    {table::NumberOf("ValCut", 3), table::NumberOf("ValCut", 4)},
+    {table::NumberOf("ValMin", 3), table::NumberOf("ValMin", 4)},
+}};
+
+bool FollowsSelector(const Row& row) {
+    return row.conversion == Conversion::CutOffThreshold || row.conversion == Conversion::IdleThreshold;
+}
+
+// A throttle wired the other way round falls when it opens, and turns the pair round.
+bool TurnedRound(const Tuning& tuning, const Row& row) {
+    if (!FollowsSelector(row) || IsPressure(row, tuning.CurrentContext())) return false;
+    const CellReader cell = tuning.Cells();
+    return cell(ThrottleClosed, WordBytes) > cell(ThrottleOpen, WordBytes);
+}
+
+struct Partner {
+    std::size_t number = MemoriaCount;
+    bool above = false;  // the record may not pass it upwards
+};
+
+Partner PartnerOf(const Tuning& tuning, std::size_t number) {
+    for (const Pair& pair : Pairs) {
+        if (number != pair.lower && number != pair.upper) continue;
+        const bool lower = (number == pair.lower) != TurnedRound(tuning, ParameterRows[number]);
+        return {number == pair.lower ? pair.upper : pair.lower, lower};
+    }
+    return {};
+}
+
+// Whether the count of the figure would pass the partner's.
+bool Passes(const Tuning& tuning, const Partner& partner, std::uint32_t count) {
+    const auto other = Outgoing(tuning.memoria[partner.number], 1, tuning.CurrentContext());
+    if (!other) return false;
+    return partner.above ? count > *other : count < *other;
+}
+
+Limits Narrowed(const Tuning& tuning, Limits limits, const Partner& partner) {
+    const std::string& text = tuning.memoria[partner.number].Dato[1];
+    if (!frames::IsNumeric(text)) return limits;
+    double& limit = partner.above ? limits.Max : limits.Min;
+    limit = partner.above ? std::min(limit, frames::ValoreNum(text)) : std::max(limit, frames::ValoreNum(text));
+    return limits;
+}
+
+// The count that would go out: a figure as it was read is the count that was read.
+std::optional<std::uint32_t> CountFor(const Record& record, double figure, const Context& context) {
+    Record edited = record;
+    edited.Dato[1] = FigureText(figure);
+    return Outgoing(edited, 1, context);
+}
+
+}  // namespace
+
+std::optional<Limits> WhyRefused(const Tuning& tuning, std::size_t number, double figure) {
+    const Record& record = tuning.memoria[number];
+    const Limits limits{record.Min, record.Max};
+    const auto count = CountFor(record, figure, tuning.CurrentContext());
+    const Partner partner = PartnerOf(tuning, number);
+    if (!count || !WithinLimits(record, figure)) {
+        return partner.number == MemoriaCount ? limits : Narrowed(tuning, limits, partner);
+    }
+    if (partner.number != MemoriaCount && Passes(tuning, partner, *count)) return Narrowed(tuning, limits, partner);
+    return std::nullopt;
+}
+
+}  // namespace tuning

@@ -1,0 +1,312 @@
+#include "tuning/page_cycle.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "link/frames/build.h"
+#include "link/transaction.h"
+#include "tuning/page_figures.h"
+#include "tuning/tuning.h"
+
+namespace tuning {
+
+namespace {
+
+using pages::Reason;
+using shell::Text;
+
+constexpr Text ReadingFailed{"ERRORE_18", "ERRORI"};
+constexpr Text NoAnswer{"ERRORE_3", "ERRORI"};
+constexpr std::string_view ReadingKey = "SEGNALAZIONE_3";
+constexpr int Percent = 100;
+
+std::size_t FramesIn(const std::string& chain) {
+    return static_cast<std::size_t>(std::count(chain.begin(), chain.end(), frames::Etx));
+}
+
+}  // namespace
+
+PageCycle::PageCycle(Tuning& tuning, const DialogRow& dialog, PageParts parts)
+    : tuning_(tuning), dialog_(dialog), parts_(parts) {
+    PageFoot& foot = parts_.foot;
+    foot.Esci.escapes = true;
+    foot.Esci.onPress = [this] { Leave(); };
+    foot.InMemor.onPress = [this] { Store(); };
+    for (int i = 0; i < foot.Applica.Size(); ++i) foot.Applica[i].onPress = [this, i] { Try(i); };
+    parts_.head.Pagine.onChange = [this] { Choose(); };
+    parts_.editing.onTouched = [this] { Touched(); };
+    parts_.page.BindKey("Esc", foot.Esci);
+    parts_.page.onClose = [this] { Leave(); };
+    AddStates();
+}
+
+eculink::Link& PageCycle::Link() const {
+    return tuning_.memory.link;
+}
+
+void PageCycle::AddStates() {
+    eculink::Catalogue& catalogue = Link().catalogue;
+    const auto add = [this, &catalogue](const eculink::StateRow& row) {
+        catalogue.Add(
+            row, [this](const std::string& frame) { return Reply(frame); }, [this] { Refused(); },
+            [this](int) { TimedOut(); });
+        catalogue.AcceptOnly(row.state, [this](const std::string& frame) { return Accepts(frame); });
+    };
+    add(dialog_.reading);
+    for (const WorkRow& row : dialog_.works) add({row.state, dialog_.writeLetters, dialog_.writeTimeOut});
+}
+
+const WorkRow& PageCycle::RowOf(Work work) const {
+    return *std::find_if(dialog_.works.begin(), dialog_.works.end(),
+                         [work](const WorkRow& row) { return row.work == work; });
+}
+
+void PageCycle::Tell(const Text& text) {
+    parts_.foot.Segnalazione.SetText(Link().shell.TestoLingua(text));
+}
+
+void PageCycle::LoadTexts() {
+    const shell::Shell& shell = Link().shell;
+    PageFoot& foot = parts_.foot;
+    for (int i = 0; i < foot.Applica.Size(); ++i) foot.Applica[i].SetText(shell.TestoLingua({"APPLICA.", "TASTI"}, i));
+    foot.InMemor.SetText(shell.TestoLingua("PROGRAMMA.0", "TASTI"));
+    foot.Esci.SetText(shell.TestoLingua("ESCI.0", "TASTI"));
+    for (int i = 0; i < parts_.head.LabTxt.Size(); ++i)
+        parts_.head.LabTxt[i].SetText(shell.TestoLingua({"LABTXT.", dialog_.section}, i));
+    std::vector<std::string> headings;
+    listed_.clear();
+    for (std::size_t i = 0; i < dialog_.pages.size(); ++i) {
+        if (dialog_.pages[i].newProgram && shell.state.FirmwareVecchio == shell::True) continue;
+        listed_.push_back(static_cast<int>(i));
+        headings.push_back(shell.TestoLingua(dialog_.pages[i].heading, dialog_.section));
+    }
+    parts_.head.Pagine.SetItems(std::move(headings));
+}
+
+void PageCycle::Show(int page) {
+    page_ = std::clamp(page, 0, static_cast<int>(dialog_.pages.size()) - 1);
+    const PageRow& row = dialog_.pages[static_cast<std::size_t>(page_)];
+    Link().shell.state.PaginaMessaP = page_;
+    LoadTexts();
+    const auto entry = std::find(listed_.begin(), listed_.end(), page_);
+    parts_.head.Pagine.SetIndex(entry == listed_.end() ? -1 : static_cast<int>(entry - listed_.begin()));
+    parts_.head.MP1.SetText(Link().shell.TestoLingua(row.heading, dialog_.section));
+    parts_.foot.Segnalazione.SetText({});
+    parts_.controls.Show(static_cast<std::size_t>(page_));
+    ClearFigures(parts_.controls.Shown());
+    parts_.controls.ShowUnits(tuning_.CurrentContext());
+    parts_.live.Show(row.live);
+    work_.reset();
+    read_ = touched_ = tried_ = false;
+    offered_ = 0;
+    if (onShown) onShown();
+}
+
+void PageCycle::Open(int page) {
+    Show(page);
+    StartReading();
+    UpdateButtons();
+}
+
+void PageCycle::ShowKnown(int page) {
+    Show(page);
+    FinishReading();
+    UpdateButtons();
+}
+
+void PageCycle::Forget() {
+    work_.reset();
+    writes_.clear();
+    read_ = false;
+    parts_.editing.Forget();
+}
+
+// The selector: the page on the screen is left first.
+void PageCycle::Choose() {
+    const int entry = parts_.head.Pagine.Index();
+    if (entry >= 0 && static_cast<std::size_t>(entry) < listed_.size())
+        LeaveFor(listed_[static_cast<std::size_t>(entry)]);
+}
+
+// A further edit offers the new values again.
+void PageCycle::Touched() {
+    touched_ = true;
+    offered_ = 0;
+    UpdateButtons();
+}
+
+bool PageCycle::MustRestore() const {
+    if (!read_) return false;
+    if (tried_ || !dialog_.restoresEdits) return tried_;
+    const std::vector<std::size_t>& records = parts_.controls.Shown().records;
+    return std::any_of(records.begin(), records.end(),
+                       [this](std::size_t number) { return Differ(tuning_.memoria[number]); });
+}
+
+void PageCycle::LeaveFor(std::optional<int> page) {
+    if (Running()) return;
+    next_ = page;
+    if (!MustRestore()) return GoOn();
+    Start(RowOf(Work::Leaving));
+}
+
+void PageCycle::GoOn() {
+    if (!next_) return Link().shell.stack.ClosePage(parts_.page);
+    parts_.editing.Forget();
+    Open(*next_);
+}
+
+bool PageCycle::Begin(Work work, int state, std::string chain) {
+    frames_ = FramesIn(chain);
+    answered_ = 0;
+    if (frames_ == 0 || !eculink::StartTransaction(Link(), state, std::move(chain))) return false;
+    work_ = work;
+    ShowProgress();
+    UpdateButtons();
+    return true;
+}
+
+void PageCycle::StartReading() {
+    writes_.clear();
+    if (!Begin(Work::Reading, dialog_.reading.state, PageReads(*parts_.controls.Shown().row)))
+        return Tell(ReadingFailed);
+    Tell({ReadingKey, dialog_.section});
+}
+
+// Starts a chain of writes, from idle alone. False when nothing has been sent.
+bool PageCycle::Start(const WorkRow& row) {
+    if (Running() || Link().state.StatoCmd != eculink::Idle) return false;
+    writes_ = PageWrites(tuning_, parts_.controls.Shown().records, row.slot, row.homes);
+    std::string chain;
+    for (const PageWrite& write : writes_) chain += write.Frame();
+    if (row.traced) eculink::TracciaTx(Link(), chain);
+    if (!Begin(row.work, row.state, std::move(chain))) return false;
+    Tell({row.running, dialog_.section});
+    return true;
+}
+
+void PageCycle::Try(int index) {
+    const Work work = index == 0 ? Work::TryingNew : Work::TryingInitial;
+    // From the first frame on the unit may run with new values.
+    if (Start(RowOf(work)) && work == Work::TryingNew) tried_ = true;
+}
+
+void PageCycle::Store() {
+    if (parts_.editing.CheckAll()) Start(RowOf(Work::Storing));
+}
+
+// Only the reply to the frame that is under way belongs to the chain.
+bool PageCycle::Accepts(const std::string& frame) const {
+    const std::string& chain = Link().state.ComandoTx;
+    return chain.size() > 1 && frame[1] == std::tolower(static_cast<unsigned char>(chain[1]));
+}
+
+bool PageCycle::Reply(const std::string& frame) {
+    if (!work_) return false;
+    if (*work_ == Work::Reading) {
+        if (!TakeCells(tuning_, FirstRead(Link().state.ComandoTx), frames::Payload(frame))) return false;
+    } else if (answered_ < writes_.size()) {
+        TakeWrite(writes_[answered_]);
+    }
+    ++answered_;
+    if (eculink::ContinueChain(Link())) {
+        ShowProgress();
+    } else {
+        Finish();
+    }
+    return true;
+}
+
+void PageCycle::TakeWrite(const PageWrite& write) {
+    if (!write.permanent) return;
+    const bool stored = *work_ == Work::Storing && dialog_.storesOneByOne;
+    TakeWritten(tuning_, write, stored);
+    if (stored) parts_.editing.Show();
+}
+
+void PageCycle::Finish() {
+    const Work work = *work_;
+    End();
+    switch (work) {
+        case Work::Reading:
+            FinishReading();
+            break;
+        case Work::Storing:
+            FinishStoring();
+            break;
+        case Work::TryingNew:
+        case Work::TryingInitial:
+            tried_ = work == Work::TryingNew;
+            offered_ = tried_ ? 1 : 0;
+            break;
+        case Work::Leaving:
+            tried_ = false;
+            return GoOn();
+    }
+    if (work != Work::Reading) Tell({RowOf(work).done, dialog_.section});
+    UpdateButtons();
+}
+
+void PageCycle::FinishReading() {
+    read_ = true;
+    SetLimits(tuning_.memoria, tuning_.Cells(), tuning_.CurrentContext());
+    parts_.foot.Segnalazione.SetText({});
+    parts_.editing.Show();
+}
+
+void PageCycle::FinishStoring() {
+    if (!dialog_.storesOneByOne) {
+        for (const PageWrite& write : writes_) TakeWritten(tuning_, write, write.permanent);
+    }
+    tried_ = false;
+    offered_ = 0;
+    SetLimits(tuning_.memoria, tuning_.Cells(), tuning_.CurrentContext());
+    parts_.editing.Show();
+}
+
+void PageCycle::Refused() {
+    if (!work_) return;
+    const Text text = *work_ == Work::Reading ? ReadingFailed : RowOf(*work_).refused;
+    End();
+    Tell(text);
+    UpdateButtons();
+}
+
+void PageCycle::TimedOut() {
+    if (!work_) return;
+    const Text text = *work_ == Work::Reading ? ReadingFailed : NoAnswer;
+    End();
+    Tell(text);
+    UpdateButtons();
+}
+
+// The chain is over, whatever came of it.
+void PageCycle::End() {
+    work_.reset();
+    parts_.foot.Avanzamento.SetVisible(false);
+}
+
+void PageCycle::ShowProgress() {
+    const std::size_t percent = frames_ == 0 ? 0 : answered_ * Percent / frames_;
+    parts_.foot.Avanzamento.SetText(std::to_string(percent));
+    parts_.foot.Avanzamento.SetVisible(true);
+}
+
+void PageCycle::UpdateButtons() {
+    PageFoot& foot = parts_.foot;
+    const Reason chain = Running() ? Reason::Transaction : Reason::None;
+    const Reason work = Running() || read_ ? chain : Reason::ReadingFailed;
+    const Reason trial = work == Reason::None && !touched_ ? Reason::Unchanged : work;
+    for (int i = 0; i < foot.Applica.Size(); ++i) {
+        foot.Applica[i].SetVisible(i == offered_);
+        foot.Applica[i].SetWhy(trial);
+    }
+    foot.InMemor.SetWhy(work);
+    foot.Esci.SetWhy(chain);
+    parts_.head.Pagine.SetWhy(chain);
+    foot.Avanzamento.SetVisible(Running());
+    // What has been read can be edited while a later chain runs.
+    parts_.editing.SetWhy(read_ ? Reason::None : work);
+}
+
+}  // namespace tuning

@@ -1,0 +1,145 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "link/catalogue.h"
+#include "tuning/live_figures.h"
+#include "tuning/page_editing.h"
+#include "tuning/page_frames.h"
+
+namespace tuning {
+
+// What a chain of a dialog does.
+enum class Work : std::uint8_t { Reading, TryingNew, TryingInitial, Storing, Leaving };
+
+// A chain of writes of a dialog: its transaction state, which figures go where, and the words for it.
+struct WorkRow {
+    Work work;
+    int state;
+    std::size_t slot;  // figures as read (0) or as edited (1)
+    Homes homes;
+    bool traced;
+    std::string_view running;  // keys of the dialog's section; may be empty
+    std::string_view done;
+    shell::Text refused;
+};
+
+// One dialog of tuning pages; everything in which the two differ.
+struct DialogRow {
+    std::string_view name;
+    std::string_view section;
+    std::span<const PageRow> pages;
+    eculink::StateRow reading;
+    std::string_view writeLetters;
+    eculink::TimeOut writeTimeOut;
+    std::array<WorkRow, 4> works;
+    // Leaving puts the initial values back whenever a figure differs; otherwise only new values that were tried.
+    bool restoresEdits;
+    // A record's initial value follows each stored cell; otherwise all of them at the end.
+    bool storesOneByOne;
+};
+
+// Heading and page selector, and the heads of the two columns.
+struct PageHead {
+    explicit PageHead(pages::Page& page) : page(page) {}
+    pages::Page& page;
+    pages::Label MP1{page, "MP1"};
+    pages::Combo Pagine{page, "Pagine"};
+    pages::Array<pages::Label> LabTxt{page, "LabTxt", 2};
+};
+
+struct PageFoot {
+    explicit PageFoot(pages::Page& page) : page(page) {}
+    pages::Page& page;
+    pages::Label Segnalazione{page, "Segnalazione"};
+    pages::Label Avanzamento{page, "Avanzamento"};  // how far a chain is, in percent; hidden while none runs
+    pages::Array<pages::Button> Applica{page, "Applica", 2};
+    pages::Button InMemor{page, "InMemor"};
+    pages::Button Esci{page, "Esci"};
+};
+
+// The parts of a dialog that the cycle works on.
+struct PageParts {
+    pages::Page& page;
+    PageHead& head;
+    PageControls& controls;
+    LiveFigures& live;
+    PageFoot& foot;
+    PageEditing& editing;
+};
+
+// The cycle of a tuning page: read, edit, try out, store, leave. One chain at a time, each frame answered before the
+// next goes out.
+class PageCycle {
+  public:
+    PageCycle(Tuning& tuning, const DialogRow& dialog, PageParts parts);
+
+    std::function<void()> onShown;  // a page has been put on the screen
+
+    // Puts a page on the screen and reads it from the unit.
+    void Open(int page);
+    // Puts a page on the screen whose records are known already.
+    void ShowKnown(int page);
+    // Leaves the page; initial values go back to the unit first when it may run with others.
+    void Leave() { LeaveFor(std::nullopt); }
+    // The page has been closed by whatever road.
+    void Forget();
+
+    bool Running() const { return work_.has_value(); }
+    bool Read() const { return read_; }
+    // The number of the page on the screen.
+    int Page() const { return page_; }
+    void Tell(const shell::Text& text);
+
+  private:
+    void AddStates();
+    void LoadTexts();
+    void Show(int page);
+    void LeaveFor(std::optional<int> page);
+    void GoOn();
+    void Choose();
+    void Touched();
+
+    void StartReading();
+    void Try(int index);
+    void Store();
+    bool Start(const WorkRow& row);
+    bool Begin(Work work, int state, std::string chain);
+
+    bool Reply(const std::string& frame);
+    bool Accepts(const std::string& frame) const;
+    void TakeWrite(const PageWrite& write);
+    void Finish();
+    void FinishReading();
+    void FinishStoring();
+    void Refused();
+    void TimedOut();
+    void End();
+
+    const WorkRow& RowOf(Work work) const;
+    bool MustRestore() const;
+    void UpdateButtons();
+    void ShowProgress();
+    eculink::Link& Link() const;
+
+    Tuning& tuning_;
+    const DialogRow& dialog_;
+    PageParts parts_;
+    std::vector<int> listed_;  // pages by the entries of the selector
+    int page_ = 0;
+    std::optional<Work> work_;  // the chain that runs
+    bool read_ = false;
+    bool touched_ = false;        // something has been typed or chosen since the page was read
+    bool tried_ = false;          // new values were the last that the unit was given to try
+    int offered_ = 0;             // which Applica is offered
+    std::optional<int> next_;     // page to open once this one has been left; none: the dialog closes
+    std::vector<PageWrite> writes_;
+    std::size_t frames_ = 0;  // of the chain
+    std::size_t answered_ = 0;
+};
+
+}  // namespace tuning

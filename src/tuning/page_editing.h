@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "tuning/page_controls.h"
+
+namespace tuning {
+
+struct Tuning;
+
+// The edits of the page shown: what is typed or chosen becomes the record's edited figure when it is legal, and is sent
+// back to the fitter with its limits when it is not.
+class PageEditing {
+  public:
+    PageEditing(Tuning& tuning, PageControls& controls, pages::Label& message, std::string_view section);
+
+    std::function<void()> onTouched;   // a value has been typed or chosen
+    std::function<void()> onFigures;   // figures have been shown anew
+
+    // Takes a figure for a record as if it had been typed and left. False: it has been refused.
+    bool Take(std::size_t record, const std::string& text);
+    // The whole page: the first figure that the page does not accept is refused, and its control gets the focus.
+    bool CheckAll();
+    // Both columns from the records.
+    void Show();
+    // Why no value of the page can be edited; None: they can.
+    void SetWhy(pages::Reason why);
+    // Edits that have not been stored are gone, also from the records that other pages show.
+    void Forget();
+
+  private:
+    void Wire(const FieldControls& field);
+    void Wire(const GridControls& grid);
+    void FieldLeft(const FieldControls& field);
+    void CellEdited(const pages::Control& grid, int row, int column, const std::string& text);
+    void Accept(std::size_t record, double figure);
+    void Refuse(std::size_t record, double least, double most);
+    void ShareCell(std::size_t record);
+    void ApplySpeed();
+    void LockBySpeed();
+    bool FixedSpeed() const;
+
+    Tuning& tuning_;
+    PageControls& controls_;
+    pages::Label& message_;
+    std::string_view section_;
+};
+
+}  // namespace tuning
