@@ -12,13 +12,9 @@ using eculink::TimeOut;
 // Transaction states whose pages come with later versions. A room that builds such a page takes its rows out of here.
 constexpr auto FutureStates = std::to_array<StateRow>({
     {50, "wis", TimeOut::A},   {72, "is", TimeOut::C},   {73, "is", TimeOut::C},   {76, "", TimeOut::None},
-    {79, "wis", TimeOut::D},   {81, "lor", TimeOut::F},  {82, "w", TimeOut::G},    {83, "w", TimeOut::H},
-    {84, "lor", TimeOut::D2},  {85, "lo", TimeOut::F2},  {87, "w", TimeOut::I},    {90, "lo", TimeOut::K},
-    {91, "is", TimeOut::K2},
-
-    {99, "is", TimeOut::N},    {100, "wis", TimeOut::P}, {101, "wis", TimeOut::P}, {110, "wis", TimeOut::P},
-    {115, "is", TimeOut::Q},   {116, "is", TimeOut::Q},  {119, "is", TimeOut::Q},  {120, "wis", TimeOut::P},
-    {121, "r", TimeOut::F3},   {130, "lox", TimeOut::R}, {131, "is", TimeOut::R2}, {150, "", TimeOut::None},
+    {79, "wis", TimeOut::D},   {82, "w", TimeOut::G},    {83, "w", TimeOut::H},    {84, "lor", TimeOut::D2},
+    {87, "w", TimeOut::I},     {90, "lo", TimeOut::K},   {91, "is", TimeOut::K2},  {99, "is", TimeOut::N},
+    {130, "lox", TimeOut::R},  {131, "is", TimeOut::R2}, {150, "", TimeOut::None},
 
     {170, "wlor", TimeOut::T}, {171, "is", TimeOut::T2}, {172, "w", TimeOut::T3},  {173, "w", TimeOut::T4},
     {200, "is", TimeOut::U},   {201, "is", TimeOut::U},  {202, "is", TimeOut::U},  {204, "w", TimeOut::G},

@@ -142,7 +142,9 @@ void TakeRead(Record& record, std::uint32_t count, const Context& context) {
 
 std::optional<std::uint32_t> Outgoing(const Record& record, std::size_t slot, const Context& context) {
     const std::string& text = record.Dato[slot];
-    if (record.raw && SameFigure(text, record.Dato[0])) return record.raw;
+    // A list of two positions is stored as 0 and 255 alone, whatever stood for its second position when it was read.
+    const bool asRead = slot == 0 || !IsSwitch(*record.row);
+    if (record.raw && asRead && SameFigure(text, record.Dato[0])) return record.raw;
     if (!frames::IsNumeric(text)) return std::nullopt;
     return ToRaw(*record.row, frames::ValoreNum(text), context);
 }

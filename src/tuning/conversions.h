@@ -49,8 +49,8 @@ std::optional<std::uint32_t> ToRaw(const Row& row, double shown, const Context& 
 // Puts a count that was read into the record: Dato(0) and Dato(1) are the figure for it ("****" when there is none).
 void TakeRead(Record& record, std::uint32_t count, const Context& context);
 
-// The count of Dato(`slot`) for the wire: a figure equal to the one read is the count as it was read, any other is
-// converted back. Nothing when it cannot be.
+// The count of Dato(`slot`) for the wire: a figure equal to the one read is the count as it was read (an edited list of
+// two positions is always 0 or 255), any other is converted back. Nothing when it cannot be.
 std::optional<std::uint32_t> Outgoing(const Record& record, std::size_t slot, const Context& context);
 
 // Dato(1) has been stored: it becomes Dato(0), together with the count that went out.

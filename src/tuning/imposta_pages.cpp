@@ -73,13 +73,14 @@ constexpr auto FaultFields = std::to_array<FieldRow>({
     Number("Anom", 3, Tenths, 4),
 });
 
-constexpr auto ChangeOverLive = std::to_array<int>({eculink::Giri, eculink::Tps, eculink::Temperatura});
-constexpr auto TankLive = std::to_array<int>({eculink::Livello});
-constexpr auto ProbeLive = std::to_array<int>({eculink::Lambda});
-constexpr auto LoadLive = std::to_array<int>({eculink::Giri, eculink::Map, eculink::Macro});
-constexpr auto LedLive = std::to_array<int>({eculink::Livello, eculink::Lambda});
-constexpr auto MapLive = std::to_array<int>({eculink::Giri, eculink::Step});
-constexpr auto FaultLive = std::to_array<int>({eculink::P1, eculink::Map, eculink::Lambda});
+constexpr auto ChangeOverLive =
+    std::to_array<LiveChannel>({{eculink::Giri}, {eculink::Tps, true}, {eculink::Temperatura}});
+constexpr auto TankLive = std::to_array<LiveChannel>({{eculink::Livello, true}});
+constexpr auto ProbeLive = std::to_array<LiveChannel>({{eculink::Lambda}});
+constexpr auto LoadLive = std::to_array<LiveChannel>({{eculink::Giri}, {eculink::Map}, {eculink::Macro}});
+constexpr auto LedLive = std::to_array<LiveChannel>({{eculink::Livello, true}, {eculink::Lambda}});
+constexpr auto MapLive = std::to_array<LiveChannel>({{eculink::Giri}, {eculink::Step}});
+constexpr auto FaultLive = std::to_array<LiveChannel>({{eculink::P1}, {eculink::Map}, {eculink::Lambda}});
 
 // texts of IMPOSTA
 constexpr std::array<PageRow, 7> Pages{{

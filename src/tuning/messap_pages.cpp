@@ -213,15 +213,18 @@ constexpr std::span<const TableRow> TablesFrom(std::size_t first, std::size_t co
 constexpr auto ZoneCells = std::to_array<Block>(
     {{3112, 2}, {3136, 2}, {3128, 2}, {3130, 2}, {3108, 2}, {3142, 2}, {3132, 2}, {3134, 2}, {3110, 2}, {3144, 2}});
 
-constexpr auto LambdaLive = std::to_array<int>(
-    {eculink::Giri, eculink::Map, eculink::Tps, eculink::Lambda, eculink::Step, eculink::Macro});
+constexpr auto LambdaLive = std::to_array<LiveChannel>(
+    {{eculink::Giri}, {eculink::Map}, {eculink::Tps}, {eculink::Lambda}, {eculink::Step}, {eculink::Macro}});
 constexpr auto ThrottleLive =
-    std::to_array<int>({eculink::Giri, eculink::Tps, eculink::Map, eculink::Step, eculink::Macro});
-constexpr auto RevolutionsLive = std::to_array<int>({eculink::Giri, eculink::Macro});
-constexpr auto ControlLive =
-    std::to_array<int>({eculink::Giri, eculink::Lambda, eculink::Step, eculink::CStec, eculink::Macro});
-constexpr auto AdaptationLive =
-    std::to_array<int>({eculink::Giri, eculink::Map, eculink::CStec, eculink::StatoAA, eculink::Macro});
+    std::to_array<LiveChannel>({{eculink::Giri}, {eculink::Tps}, {eculink::Map}, {eculink::Step}, {eculink::Macro}});
+// Where the threshold of the throttle is a count.
+constexpr auto TransientLive = std::to_array<LiveChannel>(
+    {{eculink::Giri}, {eculink::Tps, true}, {eculink::Map}, {eculink::Step}, {eculink::Macro}});
+constexpr auto RevolutionsLive = std::to_array<LiveChannel>({{eculink::Giri}, {eculink::Macro}});
+constexpr auto ControlLive = std::to_array<LiveChannel>(
+    {{eculink::Giri}, {eculink::Lambda}, {eculink::Step}, {eculink::CStec}, {eculink::Macro}});
+constexpr auto AdaptationLive = std::to_array<LiveChannel>(
+    {{eculink::Giri}, {eculink::Map}, {eculink::CStec}, {eculink::StatoAA}, {eculink::Macro}});
 
 // texts of MESSAP
 constexpr std::array<PageRow, 12> Pages{{
@@ -229,8 +232,8 @@ constexpr std::array<PageRow, 12> Pages{{
     {"CTRLCUTOFF", "LABCO.", CutOffFields, TablesFrom(1, 1), ZoneCells, ThrottleLive},
     {"CTRLMINIMO", "LABMIN.", IdleFields, {}, {}, LambdaLive},
     {"CTRLPC", "LABPC.", FullLoadFields, TablesFrom(2, 2), {}, LambdaLive},
-    {"CTRLTRANS", "LABTRANS.", TransientFields, TablesFrom(4, 1), {}, ThrottleLive},
-    {"CTRLRIL", "LABRIL.", ReleaseFields, TablesFrom(5, 1), {}, ThrottleLive},
+    {"CTRLTRANS", "LABTRANS.", TransientFields, TablesFrom(4, 1), {}, TransientLive},
+    {"CTRLRIL", "LABRIL.", ReleaseFields, TablesFrom(5, 1), {}, TransientLive},
     {"CTRLFG", "LABFG.", OverSpeedFields, {}, {}, RevolutionsLive},
     {"CTRLFREQ", "LABFREQ.", FrequencyFields, {}, {}, ControlLive},
     {"CTRLSTECHIO", "LABSTECHIO.", StoichiometryFields, {}, {}, ControlLive},

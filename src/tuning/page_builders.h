@@ -34,9 +34,18 @@ struct Layout {
 };
 
 constexpr GridRow Grid(std::string_view name, const Layout& layout, std::string_view label, std::string_view caption) {
-    return {name,           label,         caption,          layout.rows,
-            layout.columns, layout.rowStep, layout.columnStep, layout.records,
-            {},             0,             {},               table::NumberOf(name, layout.first)};
+    return {name,
+            label,
+            caption,
+            layout.rows,
+            layout.columns,
+            layout.rowStep,
+            layout.columnStep,
+            layout.records,
+            {},
+            0,
+            {},
+            table::NumberOf(name, layout.first)};
 }
 // With texts above the columns.
 constexpr GridRow Headed(GridRow grid, std::string_view heads, int firstHead) {

@@ -73,8 +73,10 @@ FieldControls PageControls::MakeField(const FieldRow& row) {
 }
 
 TableControls PageControls::MakeTable(const TableRow& row) {
-    TableControls table{&row, &Make(std::string(row.button), Kind::Button),
-                        &Make(std::string(row.button) + TwinEnding, Kind::Button), {}};
+    TableControls table{&row,
+                        &Make(std::string(row.button), Kind::Button),
+                        &Make(std::string(row.button) + TwinEnding, Kind::Button),
+                        {}};
     table.button->onPress = [this, &row] { Press(row.button, false); };
     table.initialButton->onPress = [this, &row] { Press(row.button, true); };
     for (const GridRow& grid : row.grids) table.grids.push_back(MakeGrid(grid));

@@ -49,8 +49,7 @@ struct PageSet {
 class PageControls {
   public:
     // `section`: of the pages' texts.
-    PageControls(pages::Page& page, const shell::Shell& shell, std::string_view section,
-                 std::span<const PageRow> rows);
+    PageControls(pages::Page& page, const shell::Shell& shell, std::string_view section, std::span<const PageRow> rows);
 
     const std::vector<PageSet>& All() const { return sets_; }
     const PageSet& Shown() const { return sets_[shown_]; }

@@ -5,6 +5,7 @@
 
 #include "link/frames/build.h"
 #include "link/transaction.h"
+#include "tuning/limits.h"
 #include "tuning/page_figures.h"
 #include "tuning/tuning.h"
 
@@ -32,12 +33,14 @@ PageCycle::PageCycle(Tuning& tuning, const DialogRow& dialog, PageParts parts)
     foot.Esci.escapes = true;
     foot.Esci.onPress = [this] { Leave(); };
     foot.InMemor.onPress = [this] { Store(); };
-    for (int i = 0; i < foot.Applica.Size(); ++i) foot.Applica[i].onPress = [this, i] { Try(i); };
+    foot.Applica[0].onPress = [this] { ApplicaModificati(); };
+    foot.Applica[1].onPress = [this] { ApplicaIniziali(); };
     parts_.head.Pagine.onChange = [this] { Choose(); };
     parts_.editing.onTouched = [this] { Touched(); };
     parts_.page.BindKey("Esc", foot.Esci);
     parts_.page.onClose = [this] { Leave(); };
     AddStates();
+    AddCommand();
 }
 
 eculink::Link& PageCycle::Link() const {
@@ -56,6 +59,17 @@ void PageCycle::AddStates() {
     for (const WorkRow& row : dialog_.works) add({row.state, dialog_.writeLetters, dialog_.writeTimeOut});
 }
 
+// The menus open the dialog on one of its pages.
+void PageCycle::AddCommand() {
+    shell::Shell& shell = Link().shell;
+    shell.stack.Register(parts_.page);
+    shell.commands.Add(parts_.page.Name(), [this, &shell](const shell::Call& call) {
+        shell.state.PaginaMessaP = call.argument;
+        shell.stack.OpenPage(parts_.page, true);
+        if (!call.title.empty()) parts_.page.SetTitle(call.title);
+    });
+}
+
 const WorkRow& PageCycle::RowOf(Work work) const {
     return *std::find_if(dialog_.works.begin(), dialog_.works.end(),
                          [work](const WorkRow& row) { return row.work == work; });
@@ -68,28 +82,33 @@ void PageCycle::Tell(const Text& text) {
 void PageCycle::LoadTexts() {
     const shell::Shell& shell = Link().shell;
     PageFoot& foot = parts_.foot;
-    for (int i = 0; i < foot.Applica.Size(); ++i) foot.Applica[i].SetText(shell.TestoLingua({"APPLICA.", "TASTI"}, i));
+    for (int i = 0; i < foot.Applica.Size(); ++i)
+        foot.Applica[i].SetText(shell.TestoLingua(Text{"APPLICA.", "TASTI"}, i));
     foot.InMemor.SetText(shell.TestoLingua("PROGRAMMA.0", "TASTI"));
     foot.Esci.SetText(shell.TestoLingua("ESCI.0", "TASTI"));
     for (int i = 0; i < parts_.head.LabTxt.Size(); ++i)
         parts_.head.LabTxt[i].SetText(shell.TestoLingua({"LABTXT.", dialog_.section}, i));
+}
+
+void PageCycle::LoadHeadings() {
+    const shell::Shell& shell = Link().shell;
     std::vector<std::string> headings;
     listed_.clear();
-    for (std::size_t i = 0; i < dialog_.pages.size(); ++i) {
-        if (dialog_.pages[i].newProgram && shell.state.FirmwareVecchio == shell::True) continue;
+    for (std::size_t i = 0; i < Sets().size(); ++i) {
+        const PageRow& row = *Sets()[i].row;
+        if (row.newProgram && shell.state.FirmwareVecchio == shell::True) continue;
         listed_.push_back(static_cast<int>(i));
-        headings.push_back(shell.TestoLingua(dialog_.pages[i].heading, dialog_.section));
+        headings.push_back(shell.TestoLingua(row.heading, dialog_.section));
     }
     parts_.head.Pagine.SetItems(std::move(headings));
 }
 
 void PageCycle::Show(int page) {
-    page_ = std::clamp(page, 0, static_cast<int>(dialog_.pages.size()) - 1);
-    const PageRow& row = dialog_.pages[static_cast<std::size_t>(page_)];
+    page_ = std::clamp(page, 0, static_cast<int>(Sets().size()) - 1);
+    const PageRow& row = *Sets()[static_cast<std::size_t>(page_)].row;
     Link().shell.state.PaginaMessaP = page_;
     LoadTexts();
-    const auto entry = std::find(listed_.begin(), listed_.end(), page_);
-    parts_.head.Pagine.SetIndex(entry == listed_.end() ? -1 : static_cast<int>(entry - listed_.begin()));
+    LoadHeadings();
     parts_.head.MP1.SetText(Link().shell.TestoLingua(row.heading, dialog_.section));
     parts_.foot.Segnalazione.SetText({});
     parts_.controls.Show(static_cast<std::size_t>(page_));
@@ -103,14 +122,23 @@ void PageCycle::Show(int page) {
 }
 
 void PageCycle::Open(int page) {
+    withUnit_ = true;
     Show(page);
     StartReading();
     UpdateButtons();
 }
 
 void PageCycle::ShowKnown(int page) {
+    withUnit_ = false;
     Show(page);
     FinishReading();
+    UpdateButtons();
+}
+
+void PageCycle::ShowUnread(int page, const Text& why) {
+    withUnit_ = false;
+    Show(page);
+    Tell(why);
     UpdateButtons();
 }
 
@@ -126,6 +154,7 @@ void PageCycle::Choose() {
     const int entry = parts_.head.Pagine.Index();
     if (entry >= 0 && static_cast<std::size_t>(entry) < listed_.size())
         LeaveFor(listed_[static_cast<std::size_t>(entry)]);
+    UpdateButtons();
 }
 
 // A further edit offers the new values again.
@@ -185,10 +214,13 @@ bool PageCycle::Start(const WorkRow& row) {
     return true;
 }
 
-void PageCycle::Try(int index) {
-    const Work work = index == 0 ? Work::TryingNew : Work::TryingInitial;
-    // From the first frame on the unit may run with new values.
-    if (Start(RowOf(work)) && work == Work::TryingNew) tried_ = true;
+// From the first frame on the unit may run with new values.
+void PageCycle::ApplicaModificati() {
+    if (Start(RowOf(Work::TryingNew))) tried_ = true;
+}
+
+void PageCycle::ApplicaIniziali() {
+    Start(RowOf(Work::TryingInitial));
 }
 
 void PageCycle::Store() {
@@ -292,21 +324,28 @@ void PageCycle::ShowProgress() {
     parts_.foot.Avanzamento.SetVisible(true);
 }
 
+// Buttons and selector as the page on the screen and the chain allow.
 void PageCycle::UpdateButtons() {
     PageFoot& foot = parts_.foot;
+    const auto entry = std::find(listed_.begin(), listed_.end(), page_);
+    parts_.head.Pagine.SetIndex(entry == listed_.end() ? -1 : static_cast<int>(entry - listed_.begin()));
     const Reason chain = Running() ? Reason::Transaction : Reason::None;
     const Reason work = Running() || read_ ? chain : Reason::ReadingFailed;
     const Reason trial = work == Reason::None && !touched_ ? Reason::Unchanged : work;
     for (int i = 0; i < foot.Applica.Size(); ++i) {
-        foot.Applica[i].SetVisible(i == offered_);
+        foot.Applica[i].SetVisible(withUnit_ && i == offered_);
         foot.Applica[i].SetWhy(trial);
     }
+    foot.InMemor.SetVisible(withUnit_);
     foot.InMemor.SetWhy(work);
     foot.Esci.SetWhy(chain);
+    parts_.head.Pagine.SetVisible(withUnit_);
     parts_.head.Pagine.SetWhy(chain);
     foot.Avanzamento.SetVisible(Running());
     // What has been read can be edited while a later chain runs.
-    parts_.editing.SetWhy(read_ ? Reason::None : work);
+    const Reason edit = read_ ? Reason::None : work;
+    parts_.editing.SetWhy(edit);
+    if (onEditable) onEditable(edit);
 }
 
 }  // namespace tuning

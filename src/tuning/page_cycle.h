@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "link/catalogue.h"
-#include "tuning/live_figures.h"
+#include "link/link.h"
+#include "tuning/live_panel.h"
 #include "tuning/page_editing.h"
 #include "tuning/page_frames.h"
 
@@ -28,11 +28,9 @@ struct WorkRow {
     shell::Text refused;
 };
 
-// One dialog of tuning pages; everything in which the two differ.
+// A dialog of tuning pages: everything in which the two differ but their pages.
 struct DialogRow {
-    std::string_view name;
     std::string_view section;
-    std::span<const PageRow> pages;
     eculink::StateRow reading;
     std::string_view writeLetters;
     eculink::TimeOut writeTimeOut;
@@ -45,21 +43,27 @@ struct DialogRow {
 
 // Heading and page selector, and the heads of the two columns.
 struct PageHead {
-    explicit PageHead(pages::Page& page) : page(page) {}
-    pages::Page& page;
-    pages::Label MP1{page, "MP1"};
-    pages::Combo Pagine{page, "Pagine"};
-    pages::Array<pages::Label> LabTxt{page, "LabTxt", 2};
+    explicit PageHead(pages::Page& owner) : MP1(owner, "MP1"), Pagine(owner, "Pagine"), LabTxt(owner, "LabTxt", 2) {}
+
+    pages::Label MP1;
+    pages::Combo Pagine;
+    pages::Array<pages::Label> LabTxt;
 };
 
+// Message strip and buttons.
 struct PageFoot {
-    explicit PageFoot(pages::Page& page) : page(page) {}
-    pages::Page& page;
-    pages::Label Segnalazione{page, "Segnalazione"};
-    pages::Label Avanzamento{page, "Avanzamento"};  // how far a chain is, in percent; hidden while none runs
-    pages::Array<pages::Button> Applica{page, "Applica", 2};
-    pages::Button InMemor{page, "InMemor"};
-    pages::Button Esci{page, "Esci"};
+    explicit PageFoot(pages::Page& owner)
+        : Segnalazione(owner, "Segnalazione"),
+          Avanzamento(owner, "Avanzamento"),
+          Applica(owner, "Applica", 2),
+          InMemor(owner, "InMemor"),
+          Esci(owner, "Esci") {}
+
+    pages::Label Segnalazione;
+    pages::Label Avanzamento;  // how far a chain is, in percent; hidden while none runs
+    pages::Array<pages::Button> Applica;
+    pages::Button InMemor;
+    pages::Button Esci;
 };
 
 // The parts of a dialog that the cycle works on.
@@ -67,7 +71,7 @@ struct PageParts {
     pages::Page& page;
     PageHead& head;
     PageControls& controls;
-    LiveFigures& live;
+    LivePanel& live;
     PageFoot& foot;
     PageEditing& editing;
 };
@@ -78,12 +82,15 @@ class PageCycle {
   public:
     PageCycle(Tuning& tuning, const DialogRow& dialog, PageParts parts);
 
-    std::function<void()> onShown;  // a page has been put on the screen
+    std::function<void()> onShown;                  // a page has been put on the screen
+    std::function<void(pages::Reason)> onEditable;  // why its values cannot be edited now; None: they can
 
     // Puts a page on the screen and reads it from the unit.
     void Open(int page);
     // Puts a page on the screen whose records are known already.
     void ShowKnown(int page);
+    // Puts a page on the screen whose records cannot be had; the message says why.
+    void ShowUnread(int page, const shell::Text& why);
     // Leaves the page; initial values go back to the unit first when it may run with others.
     void Leave() { LeaveFor(std::nullopt); }
     // The page has been closed by whatever road.
@@ -97,7 +104,9 @@ class PageCycle {
 
   private:
     void AddStates();
+    void AddCommand();
     void LoadTexts();
+    void LoadHeadings();
     void Show(int page);
     void LeaveFor(std::optional<int> page);
     void GoOn();
@@ -105,7 +114,8 @@ class PageCycle {
     void Touched();
 
     void StartReading();
-    void Try(int index);
+    void ApplicaModificati();
+    void ApplicaIniziali();
     void Store();
     bool Start(const WorkRow& row);
     bool Begin(Work work, int state, std::string chain);
@@ -121,6 +131,7 @@ class PageCycle {
     void End();
 
     const WorkRow& RowOf(Work work) const;
+    const std::vector<PageSet>& Sets() const { return parts_.controls.All(); }
     bool MustRestore() const;
     void UpdateButtons();
     void ShowProgress();
@@ -132,11 +143,12 @@ class PageCycle {
     std::vector<int> listed_;  // pages by the entries of the selector
     int page_ = 0;
     std::optional<Work> work_;  // the chain that runs
+    bool withUnit_ = true;      // the page works on the unit; otherwise it shows what is known without it
     bool read_ = false;
-    bool touched_ = false;        // something has been typed or chosen since the page was read
-    bool tried_ = false;          // new values were the last that the unit was given to try
-    int offered_ = 0;             // which Applica is offered
-    std::optional<int> next_;     // page to open once this one has been left; none: the dialog closes
+    bool touched_ = false;     // something has been typed or chosen since the page was read
+    bool tried_ = false;       // new values were the last that the unit was given to try
+    int offered_ = 0;          // which Applica is offered
+    std::optional<int> next_;  // page to open once this one has been left; none: the dialog closes
     std::vector<PageWrite> writes_;
     std::size_t frames_ = 0;  // of the chain
     std::size_t answered_ = 0;

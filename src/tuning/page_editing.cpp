@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "link/frames/numbers.h"
+#include "tuning/limits.h"
 #include "tuning/page_check.h"
 #include "tuning/page_figures.h"
 #include "tuning/tuning.h"

@@ -15,8 +15,8 @@ class PageEditing {
   public:
     PageEditing(Tuning& tuning, PageControls& controls, pages::Label& message, std::string_view section);
 
-    std::function<void()> onTouched;   // a value has been typed or chosen
-    std::function<void()> onFigures;   // figures have been shown anew
+    std::function<void()> onTouched;  // a value has been typed or chosen
+    std::function<void()> onFigures;  // figures have been shown anew
 
     // Takes a figure for a record as if it had been typed and left. False: it has been refused.
     bool Take(std::size_t record, const std::string& text);

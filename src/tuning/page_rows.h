@@ -77,14 +77,20 @@ struct TableRow {
     std::span<const Block> blocks;  // how the tables are read
 };
 
+// A live channel beside the fields.
+struct LiveChannel {
+    int channel = 0;
+    bool raw = false;  // as the converter gives it, like the fields beside it, whatever display is set
+};
+
 struct PageRow {
     std::string_view heading;   // key
     std::string_view captions;  // family of the rows' captions
     std::span<const FieldRow> fields;
     std::span<const TableRow> tables;
-    std::span<const Block> further;  // cells of other pages that are read along
-    std::span<const int> live;       // channels that tell the effect of the page
-    bool newProgram = false;         // only for units with a program of 01.04 or newer
+    std::span<const Block> further;     // cells of other pages that are read along
+    std::span<const LiveChannel> live;  // channels that tell the effect of the page
+    bool newProgram = false;            // only for units with a program of 01.04 or newer
 };
 
 // The records of a page in its order: fields, then tables.

@@ -6,6 +6,8 @@
 #include "tuning/calibration_map.h"
 #include "tuning/cell_reader.h"
 #include "tuning/conversions.h"
+#include "tuning/imposta.h"
+#include "tuning/messa_p.h"
 #include "tuning/messal1.h"
 #include "tuning/parameter_map.h"
 
@@ -21,6 +23,8 @@ struct Tuning {
     std::string image;  // of the unit connected, as decoded last: 4096 digits
     MemoriaTable memoria;
     CalibrationTable calibration;
+    MessaP messaP{*this};
+    Imposta imposta{*this};
     MessaL1 messaL1{*this};
 
     // Reads cells of the image held; the reader must not outlive this object.

@@ -1,4 +1,4 @@
-#include "tuning/live_figures.h"
+#include "tuning/live_panel.h"
 
 #include <algorithm>
 
@@ -11,15 +11,16 @@ namespace {
 constexpr int Interval = 200;  // ms
 
 // Where the unit works is told by a word, not by its digit.
-std::string FigureOf(const eculink::Link& link, int channel) {
-    const bool word = channel == eculink::Macro || channel == eculink::Zone;
-    if (word) return link.RecCanali.Valore[static_cast<std::size_t>(channel)];
-    return eculink::InstrumentText(link, channel, eculink::RawView);
+std::string FigureOf(const eculink::Link& link, const LiveChannel& row) {
+    const auto channel = static_cast<std::size_t>(row.channel);
+    const bool word = row.channel == eculink::Macro || row.channel == eculink::Zone;
+    if (word) return link.RecCanali.Valore[channel];
+    return row.raw ? link.RecCanali.Grezzo[channel] : eculink::InstrumentText(link, row.channel, eculink::RawView);
 }
 
 }  // namespace
 
-LiveFigures::LiveFigures(pages::Page& page, Tuning& tuning)
+LivePanel::LivePanel(pages::Page& page, Tuning& tuning)
     : tuning_(tuning),
       labAuto_(page, "LabAuto", Most),
       datiAuto_(page, "DatiAuto", Most),
@@ -28,25 +29,25 @@ LiveFigures::LiveFigures(pages::Page& page, Tuning& tuning)
     timer_->SetHandler([this] { Tick(); });
 }
 
-void LiveFigures::Show(std::span<const int> channels) {
+void LivePanel::Show(std::span<const LiveChannel> channels) {
     channels_ = channels.first(std::min<std::size_t>(channels.size(), Most));
     const eculink::Link& link = tuning_.memory.link;
     for (int i = 0; i < Most; ++i) {
         const bool used = static_cast<std::size_t>(i) < channels_.size();
         for (auto* labels : {&labAuto_, &datiAuto_, &umAuto_}) (*labels)[i].SetVisible(used);
         if (!used) continue;
-        const auto channel = static_cast<std::size_t>(channels_[static_cast<std::size_t>(i)]);
+        const auto channel = static_cast<std::size_t>(channels_[static_cast<std::size_t>(i)].channel);
         labAuto_[i].SetText(link.DescrCanale[channel].Nome);
         umAuto_[i].SetText(link.DescrCanale[channel].UM[eculink::RawView]);
     }
     Tick();
 }
 
-void LiveFigures::Follow(bool on) {
+void LivePanel::Follow(bool on) {
     timer_->SetEnabled(on);
 }
 
-void LiveFigures::Tick() {
+void LivePanel::Tick() {
     const eculink::Link& link = tuning_.memory.link;
     for (std::size_t i = 0; i < channels_.size(); ++i)
         datiAuto_[static_cast<int>(i)].SetText(FigureOf(link, channels_[i]));

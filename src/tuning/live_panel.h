@@ -6,6 +6,7 @@
 
 #include "pages/page.h"
 #include "platform/timer.h"
+#include "tuning/page_rows.h"
 
 namespace tuning {
 
@@ -13,14 +14,14 @@ struct Tuning;
 
 // The live channels that tell the effect of a page, beside its fields: name, figure and unit, in the unit's own values
 // whatever view the instruments show.
-class LiveFigures {
+class LivePanel {
   public:
-    LiveFigures(pages::Page& page, Tuning& tuning);
+    LivePanel(pages::Page& page, Tuning& tuning);
 
     std::function<void()> onTick;  // after each look at the channels
 
     // Shows these channels; as many as there are labels.
-    void Show(std::span<const int> channels);
+    void Show(std::span<const LiveChannel> channels);
     // Follows the engine from now on, or no longer.
     void Follow(bool on);
 
@@ -33,7 +34,7 @@ class LiveFigures {
     pages::Array<pages::Label> labAuto_;
     pages::Array<pages::Label> datiAuto_;
     pages::Array<pages::Label> umAuto_;
-    std::span<const int> channels_;
+    std::span<const LiveChannel> channels_;
     std::unique_ptr<platform::Timer> timer_;
 };
 

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "tuning/live_panel.h"
+#include "tuning/page_controls.h"
+#include "tuning/page_cycle.h"
+#include "tuning/page_editing.h"
+
+namespace tuning {
+
+struct Tuning;
+
+// The pages that trim the unit while the engine runs.
+struct MessaP : pages::Page {
+    explicit MessaP(Tuning& owner);
+
+    PageHead head{*this};
+    PageControls controls;
+    pages::Label B_Lam{*this, "B_Lam"};  // thresholds of the zone in which the engine runs
+    pages::Button LeggoTPS{*this, "LeggoTPS"};
+    LivePanel live;
+    PageFoot foot{*this};
+    PageEditing editing;
+    PageCycle cycle;
+
+  protected:
+    void Opening() override;
+    void Closed() override;
+
+  private:
+    // What the fitter sees of the figures besides the figures: name of the load axis, the button of the throttle.
+    void FollowFigures();
+    // The zone of the lambda map in which the engine runs.
+    void FollowEngine();
+    void TakeThrottle();
+    // The field that takes the live throttle: where the focus comes from, or the first one; null when the page has
+    // none.
+    const FieldControls* ThrottleField() const;
+
+    Tuning& tuning_;
+};
+
+}  // namespace tuning

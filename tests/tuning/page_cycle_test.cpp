@@ -1,0 +1,471 @@
+#include <gtest/gtest.h>
+
+#include "tuning/page_rig.h"
+
+namespace {
+
+using pages::Reason;
+using tuning_test::PageRig;
+using Frames = PageRig::Frames;
+
+std::string TraceOf(PageRig& rig) {
+    return rig.files.Read(rig.folder.Path() / "TXMESS.TXT", platform::Files::DefaultLimit).value_or("");
+}
+
+std::string Traced(const Frames& frames) {
+    std::string text;
+    for (const std::string& frame : frames) text += "\x02" + frame + "\x03\r\n";
+    return text;
+}
+
+// Over-speed 6200 and 5800, edited to 6000 and 5700.
+const Frames NewSpeeds{"W003900021770", "W004100021644"};
+const Frames OldSpeeds{"W003900021838", "W0041000216A8"};
+
+void EditSpeeds(PageRig& rig) {
+    rig.Enter("ValFG(0)", "6000");
+    rig.Enter("ValFG(1)", "5700");
+}
+
+TEST(PageCycle, TheTwoApplicaTakeTurnsWithNewAndInitialValues) {
+    PageRig rig("MessaP");
+    rig.Open(6);
+    EXPECT_EQ(rig.Press("Applica(0)").why, Reason::Unchanged);
+    EditSpeeds(rig);
+    ASSERT_TRUE(rig.Press("Applica(0)").ok);
+    EXPECT_EQ(rig.State(), 100);
+    EXPECT_EQ(rig.Press("InMemor").why, Reason::Transaction);
+    EXPECT_EQ(rig.Press("Esci").why, Reason::Transaction);
+    EXPECT_EQ(rig.Stack().Select(rig.Control("Pagine"), {0}).why, Reason::Transaction);
+    EXPECT_TRUE(rig.Control("Avanzamento").Visible());
+    ASSERT_TRUE(rig.Finish());
+    EXPECT_EQ(rig.sent, NewSpeeds);
+    EXPECT_EQ(TraceOf(rig), Traced(NewSpeeds));
+    EXPECT_EQ(rig.Live(39), 6000);
+    EXPECT_EQ(rig.Word(3150), 6200) << "a try-out leaves the memory alone";
+    EXPECT_EQ(rig.Shown(), rig.Text("SEGNALAZIONE_4", "MESSAP"));
+    EXPECT_FALSE(rig.Control("Avanzamento").Visible());
+    EXPECT_TRUE(rig.program.link.timers.TimeOutDati->Enabled());
+
+    EXPECT_EQ(rig.Press("Applica(0)").why, Reason::Hidden);
+    rig.Forget();
+    ASSERT_TRUE(rig.Press("Applica(1)").ok);
+    EXPECT_EQ(rig.State(), 101);
+    ASSERT_TRUE(rig.Finish());
+    EXPECT_EQ(rig.sent, OldSpeeds);
+    EXPECT_EQ(TraceOf(rig), Traced(OldSpeeds));
+    EXPECT_EQ(rig.Live(39), 6200);
+    EXPECT_EQ(rig.Shown(), rig.Text("SEGNALAZIONE_5", "MESSAP"));
+
+    EXPECT_EQ(rig.Chain("Applica(0)"), NewSpeeds) << "and back, without an edit between";
+    rig.Enter("ValFG(1)", "5700");
+    EXPECT_TRUE(rig.Control("Applica(0)").Visible()) << "any edit offers the new values again";
+    EXPECT_EQ(rig.Chain("Applica(0)"), NewSpeeds);
+}
+
+// One record of each kind: what a try-out, a store and leaving send for it.
+TEST(PageCycle, EachKindOfCellHasItsFrames) {
+    struct Case {
+        const char* kind;
+        int page;
+        const char* field;
+        const char* figure;
+        const char* tables;  // button that shows the grid, or null
+        int row;
+        int column;
+        Frames trial;
+        Frames store;
+        Frames leave;
+    };
+    const Case cases[] = {
+        {"one byte, odd address",
+         0,
+         "ValLam(3)",
+         "11",
+         nullptr,
+         0,
+         0,
+         {"W00730001"
+          "0B"},
+         {"W007300010B", "S316700020BFF"},
+         {"W007300010A"}},
+        {"two bytes",
+         1,
+         "ValCut(0)",
+         "1600",
+         nullptr,
+         0,
+         0,
+         {"W004300020640"},
+         {"W004300020640", "S313800020640"},
+         {"W0043000205DC"}},
+        {"no working copy, one byte", 1, "StepCut", "3", nullptr, 0, 0, {"S3168000203FF"}, {"S3168000203FF"}, {}},
+        {"no working copy, two bytes",
+         4,
+         "ValTrans(3)",
+         "300",
+         nullptr,
+         0,
+         0,
+         {"S36580002012C"},
+         {"S36580002012C"},
+         {}},
+        {"ESTERNA",
+         1,
+         "Giri_ResCO",
+         "41",
+         "ResetCO",
+         1,
+         1,
+         {"W1374000129"},
+         {"W1374000129", "I0176000129"},
+         {"W1374000128"}},
+        {"shared by two rows",
+         5,
+         "TransitT",
+         "2100",
+         "TastoRil",
+         1,
+         1,
+         {"W015700020834", "W015700020834"},
+         {"W015700020834", "S371400020834", "W015700020834", "S371400020834"},
+         {"W0157000207D0", "W0157000207D0"}},
+        {"a speed: the cell holds a period",
+         7,
+         "ValFreq(0)",
+         "20",
+         nullptr,
+         0,
+         0,
+         {"W008800020031"},
+         {"W008800020031", "S315800020031"},
+         {"W008800020041"}},
+        {"two positions: 0 or 255",
+         2,
+         "Inibiz",
+         "1",
+         nullptr,
+         0,
+         0,
+         {"W02340001FF"},
+         {"W02340001FF", "S31180002FFFF"},
+         {"W0234000100"}},
+        {"seven positions: the index",
+         11,
+         "VeloAutoM",
+         "3",
+         nullptr,
+         0,
+         0,
+         {"W0255000103"},
+         {"W0255000103", "S3840000203FF"},
+         {"W0255000106"}},
+    };
+    // The frames of a chain that concern the cells in question.
+    const auto concerned = [](const Frames& chain, const Frames& like) {
+        Frames found;
+        for (const std::string& frame : chain) {
+            for (const std::string& other : like) {
+                if (frame.substr(0, 9) != other.substr(0, 9)) continue;
+                found.push_back(frame);
+                break;
+            }
+        }
+        return found;
+    };
+    for (const Case& c : cases) {
+        const auto edit = [&c](PageRig& rig) {
+            rig.Open(c.page);
+            if (c.tables != nullptr) {
+                ASSERT_TRUE(rig.Press(c.tables).ok);
+                rig.EnterCell(c.field, c.row, c.column, c.figure);
+            } else if (rig.Control(c.field).GetKind() == pages::Kind::Combo) {
+                rig.Choose(c.field, std::stoi(c.figure));
+            } else {
+                rig.Enter(c.field, c.figure);
+            }
+        };
+        PageRig rig("MessaP");
+        edit(rig);
+        EXPECT_EQ(concerned(rig.Chain("Applica(0)"), c.trial), c.trial) << c.kind;
+        Frames back = concerned(rig.Chain("Esci"), c.trial);
+        EXPECT_EQ(back, c.leave) << c.kind;
+        EXPECT_FALSE(rig.Page().IsOpen());
+        PageRig other("MessaP");
+        edit(other);
+        EXPECT_EQ(concerned(other.Chain("InMemor"), c.store), c.store) << c.kind;
+        ASSERT_TRUE(other.Press("Esci").ok);
+        EXPECT_FALSE(other.Page().IsOpen()) << "what is stored needs no way back";
+    }
+}
+
+TEST(PageCycle, StoringWritesBothHomesOfEachRecordInTurn) {
+    PageRig rig("MessaP");
+    rig.Open(6);
+    EditSpeeds(rig);
+    const Frames chain{"W003900021770", "S315000021770", "W004100021644", "S314800021644"};
+    rig.Press("Applica(0)");
+    rig.Finish();
+    ASSERT_TRUE((rig.Forget(), rig.Press("InMemor").ok));
+    EXPECT_EQ(rig.State(), 110);
+    EXPECT_EQ(rig.Shown(), rig.Text("SEGNALAZIONE_6", "MESSAP"));
+    ASSERT_TRUE(rig.RunUntil([&] { return rig.sent.size() == 3; }, 5000));
+    EXPECT_EQ(rig.Dato("ValFG(0)", 0), "6000") << "each stored cell is an initial value from its reply on";
+    EXPECT_EQ(rig.Field("FGDef(0)"), "6000");
+    EXPECT_EQ(rig.Dato("ValFG(1)", 0), "5800");
+    ASSERT_TRUE(rig.Finish());
+    EXPECT_EQ(rig.sent, chain);
+    EXPECT_EQ(TraceOf(rig), Traced(chain));
+    EXPECT_EQ(rig.Word(3150), 6000);
+    EXPECT_EQ(rig.Shown(), rig.Text("SEGNALAZIONE_1", "MESSAP"));
+    EXPECT_EQ(rig.Field("FGDef(1)"), "5700");
+    EXPECT_FALSE(rig.Control("ValFG(0)").Changed());
+    EXPECT_TRUE(rig.Control("Applica(0)").Visible()) << "a store offers the new values again";
+    rig.Forget();
+    ASSERT_TRUE(rig.Press("Esci").ok);
+    EXPECT_EQ(rig.sent, Frames{});
+    EXPECT_EQ(rig.Dato("RPMZone(16)", 0), "6000") << "so does every other record of the cell";
+}
+
+TEST(PageCycle, WhatIsTypedWhileAStoreRunsIsNotTakenForStored) {
+    PageRig rig("MessaP");
+    rig.Open(6);
+    rig.Enter("ValFG(0)", "6000");
+    ASSERT_TRUE(rig.Press("InMemor").ok);
+    rig.Enter("ValFG(0)", "6100");
+    ASSERT_TRUE(rig.Stack().Type(rig.Control("ValFG(1)"), "57").ok);
+    ASSERT_TRUE(rig.Finish());
+    EXPECT_EQ(rig.Dato("ValFG(0)", 0), "6000");
+    EXPECT_EQ(rig.Dato("ValFG(0)", 1), "6100");
+    EXPECT_EQ(rig.Field("ValFG(1)"), "57") << "nothing that is being typed is lost";
+    EXPECT_TRUE(rig.Control("ValFG(0)").Changed());
+}
+
+TEST(PageCycle, ATwoPositionListIsNeverStoredAsOne) {
+    PageRig rig("MessaP");
+    rig.Open(1);
+    EXPECT_EQ(rig.Record("SogliaTM").raw, 1U) << "as this unit was delivered";
+    EXPECT_EQ(rig.Chain("InMemor").at(5), "S31000002FFFF");
+}
+
+struct Break {
+    const char* dialog;
+    int page;
+    const char* field;
+    const char* figure;
+    const char* button;
+    std::size_t frames;  // of its chain
+    const char* refusal;
+    const char* section;
+};
+constexpr Break Breaks[] = {
+    {"MessaP", 6, "ValFG(0)", "6000", "Applica(0)", 2, "ERRORE_3", "ERRORI"},
+    {"MessaP", 6, "ValFG(0)", "6000", "Applica(1)", 2, "ERRORE_3", "ERRORI"},
+    {"MessaP", 6, "ValFG(0)", "6000", "InMemor", 4, "SEGNALAZIONE_2", "MESSAP"},
+    {"MessaP", 6, "ValFG(0)", "6000", "Esci", 2, "ERRORE_3", "ERRORI"},
+    {"Imposta", 3, "ValInibiz(0)", "60", "Applica(0)", 2, "SEGNALAZIONE_2", "IMPOSTA"},
+    {"Imposta", 3, "ValInibiz(0)", "60", "Applica(1)", 2, "SEGNALAZIONE_2", "IMPOSTA"},
+    {"Imposta", 3, "ValInibiz(0)", "60", "InMemor", 2, "SEGNALAZIONE_2", "IMPOSTA"},
+    {"Imposta", 3, "ValInibiz(0)", "60", "Esci", 2, "SEGNALAZIONE_2", "IMPOSTA"},
+};
+
+// Each state, broken off at each of its frames by a refusal and by silence: the words, a usable page, no further frame.
+TEST(PageCycle, ARefusalOrSilenceEndsTheChainAndLeavesThePageUsable) {
+    for (const Break& b : Breaks) {
+        for (std::size_t frame = 1; frame <= b.frames; ++frame) {
+            for (const bool silence : {false, true}) {
+                PageRig rig(b.dialog);
+                rig.Open(b.page);
+                rig.Enter(b.field, b.figure);
+                if (std::string(b.button) != "Applica(0)" && std::string(b.button) != "InMemor")
+                    rig.Chain("Applica(0)");
+                rig.Forget();
+                rig.Sim(std::string("misbehave ") + (silence ? "silence" : "refuse") + " command all at frame " +
+                        std::to_string(frame));
+                const int beeps = rig.Beeps();
+                ASSERT_TRUE(rig.Press(b.button).ok) << b.button;
+                ASSERT_TRUE(rig.Finish());
+                const std::string at = std::string(b.dialog) + " " + b.button + " " + std::to_string(frame);
+                EXPECT_EQ(rig.sent.size(), frame) << at;
+                EXPECT_EQ(rig.Beeps(), beeps + (silence ? 1 : 0)) << at;
+                EXPECT_EQ(rig.Shown(), silence ? rig.Text("ERRORE_3", "ERRORI") : rig.Text(b.refusal, b.section)) << at;
+                EXPECT_TRUE(rig.Page().IsOpen() && rig.Page().Enabled()) << at;
+                EXPECT_EQ(rig.Control("InMemor").Why(), Reason::None) << at;
+                EXPECT_EQ(rig.Control("Esci").Why(), Reason::None) << at;
+                EXPECT_EQ(rig.Dato(b.field, 1), b.figure) << at;
+                EXPECT_EQ(rig.program.shell.state.pointer, shell::Pointer::Normal);
+                EXPECT_TRUE(rig.program.link.timers.TimeOutDati->Enabled());
+                rig.Forget();
+                rig.Run(6000);
+                EXPECT_EQ(rig.sent, Frames{}) << "nothing is sent again by itself";
+                rig.Chain("Esci");
+                EXPECT_FALSE(rig.Page().IsOpen()) << at << ": leaving again tries again";
+            }
+        }
+    }
+}
+
+TEST(PageCycle, LeavingPutsBackTheWorkingCopiesAlone) {
+    PageRig rig("MessaP");
+    rig.Open(1);
+    rig.Choose("StepCut", 3);
+    ASSERT_TRUE(rig.Press("Esci").ok);
+    EXPECT_EQ(rig.State(), 120);
+    EXPECT_EQ(rig.Shown(), rig.Text("SEGNALAZIONE_7", "MESSAP"));
+    ASSERT_TRUE(rig.Finish());
+    EXPECT_FALSE(rig.Page().IsOpen());
+    EXPECT_EQ(rig.sent.size(), 28U) << "twelve fields with a working copy and sixteen resets";
+    for (const std::string& frame : rig.sent) EXPECT_EQ(frame[0], 'W');
+    EXPECT_FALSE(rig.files.Exists(rig.folder.Path() / "TXMESS.TXT")) << "no try-out and no store";
+}
+
+TEST(PageCycle, ValuesThatWereTriedArePutBackAlsoWhenTheyHaveBeenTakenBackOnThePage) {
+    PageRig rig("MessaP");
+    rig.Open(6);
+    rig.Enter("ValFG(0)", "6000");
+    rig.Chain("Applica(0)");
+    rig.Enter("ValFG(0)", "6200");
+    EXPECT_EQ(rig.Live(39), 6000);
+    EXPECT_EQ(rig.Chain("Esci"), OldSpeeds);
+    EXPECT_EQ(rig.Live(39), 6200);
+}
+
+TEST(PageCycle, TheSelectorLeavesThePageBeforeItShowsTheNext) {
+    PageRig rig("MessaP");
+    rig.Open(6);
+    rig.Enter("ValFG(0)", "6000");
+    rig.Sim("misbehave refuse command W once");
+    rig.Choose("Pagine", 8);
+    ASSERT_TRUE(rig.Finish());
+    EXPECT_EQ(rig.Control("Pagine").Index(), 6) << "a refusal keeps the page";
+    EXPECT_EQ(rig.Field("ValFG(0)"), "6000");
+    rig.Forget();
+    rig.Choose("Pagine", 8);
+    ASSERT_TRUE(rig.RunUntil([&] { return rig.State() == 81; }, 5000));
+    ASSERT_TRUE(rig.Finish());
+    EXPECT_EQ(rig.sent, (Frames{"W003900021838", "W0041000216A8", "O31720001", "O31730001", "O31740001"}));
+    EXPECT_EQ(rig.program.shell.state.PaginaMessaP, 8);
+    EXPECT_TRUE(rig.Control("ValStechio(0)").Visible());
+    EXPECT_FALSE(rig.Control("ValFG(0)").Visible());
+    EXPECT_EQ(rig.Dato("ValFG(0)", 1), "6200");
+}
+
+TEST(PageCycle, ARefusedFigureIsNoReasonToStay) {
+    PageRig rig("MessaP");
+    rig.Open(6);
+    rig.Enter("ValFG(0)", "99");
+    ASSERT_TRUE(rig.Press("Esci").ok);
+    EXPECT_FALSE(rig.Page().IsOpen());
+    EXPECT_EQ(rig.sent, Frames{}) << "it never reached the record";
+}
+
+TEST(PageCycle, SettingsAreTriedOutInTheMemory) {
+    PageRig rig("Imposta");
+    rig.Open(0);
+    rig.Choose("TipoCommu", 0);
+    rig.Enter("ValCom(1)", "2500");
+    ASSERT_TRUE((rig.Forget(), rig.Press("Applica(0)").ok));
+    EXPECT_EQ(rig.State(), 115);
+    ASSERT_TRUE(rig.Finish());
+    EXPECT_EQ(rig.sent, (Frames{"S3082000200FF", "S309600020096", "S3146000209C4", "S320600020028", "S320000020014",
+                                "S320400020001", "S326400020014", "S321400020008", "S327800020005", "S317600021388",
+                                "S316200020008", "S32020002FFFF"}));
+    EXPECT_FALSE(rig.files.Exists(rig.folder.Path() / "TXMESS.TXT"));
+    EXPECT_EQ(rig.Dato("ValCom(1)", 0), "2000") << "trying is not storing";
+    ASSERT_TRUE((rig.Forget(), rig.Press("Applica(1)").ok));
+    EXPECT_EQ(rig.State(), 116);
+    ASSERT_TRUE(rig.Finish());
+    EXPECT_EQ(rig.sent.at(0), "S3082000201FF") << "as it was read";
+    EXPECT_EQ(rig.Word(3146), 2000);
+    rig.Forget();
+    ASSERT_TRUE(rig.Press("Esci").ok);
+    EXPECT_EQ(rig.sent, Frames{}) << "the initial values were the last tried";
+    EXPECT_FALSE(rig.Page().IsOpen());
+
+    rig.Open(0);
+    rig.Enter("ValCom(1)", "2500");
+    rig.Chain("Applica(0)");
+    ASSERT_TRUE((rig.Forget(), rig.Press("Esci").ok));
+    EXPECT_EQ(rig.State(), 116) << "new values that were tried go back";
+    ASSERT_TRUE(rig.Finish());
+    EXPECT_EQ(rig.sent.size(), 12U);
+    EXPECT_EQ(rig.Word(3146), 2000);
+    EXPECT_FALSE(rig.Page().IsOpen());
+
+    rig.Open(0);
+    rig.Enter("ValCom(1)", "2500");
+    ASSERT_TRUE((rig.Forget(), rig.Press("InMemor").ok));
+    EXPECT_EQ(rig.State(), 119);
+    ASSERT_TRUE(rig.RunUntil([&] { return rig.sent.size() == 6; }, 5000));
+    EXPECT_EQ(rig.Dato("ValCom(1)", 0), "2000") << "the initial values follow at the end";
+    ASSERT_TRUE(rig.Finish());
+    EXPECT_EQ(rig.Dato("ValCom(1)", 0), "2500");
+    EXPECT_EQ(rig.Shown(), rig.Text("SEGNALAZIONE_1", "IMPOSTA"));
+    ASSERT_TRUE((rig.Forget(), rig.Press("Esci").ok));
+    EXPECT_EQ(rig.sent, Frames{});
+}
+
+// An untouched page of each dialog goes into the unit and changes nothing but the byte of a list.
+TEST(PageCycle, EveryPageCanBeStoredAsItStands) {
+    for (const auto& [dialog, pages] : {std::pair{"MessaP", 12}, {"Imposta", 7}}) {
+        PageRig rig(dialog);
+        for (int page = 0; page < pages; ++page) {
+            rig.Open(page);
+            const std::size_t frames = rig.Chain("InMemor").size();
+            EXPECT_GT(frames, 0U) << dialog << page;
+            EXPECT_EQ(rig.Shown(), rig.Text("SEGNALAZIONE_1", pages == 12 ? "MESSAP" : "IMPOSTA")) << dialog << page;
+            ASSERT_TRUE(rig.Press("Esci").ok) << dialog << page;
+        }
+    }
+}
+
+// What a fitter does: a threshold of idle tried out beside the running engine, compared, stored, and found again.
+TEST(PageCycle, AThresholdIsTriedStoredAndOutlivesTheIgnition) {
+    PageRig rig("MessaP");
+    rig.Open(2);
+    rig.Enter("ValMin(1)", "1200");
+    rig.Chain("Applica(0)");
+    EXPECT_EQ(rig.Live(181), 1200);
+    EXPECT_EQ(rig.Word(3116), 1100);
+    rig.Chain("Applica(1)");
+    EXPECT_EQ(rig.Live(181), 1100);
+    rig.Chain("Applica(0)");
+    rig.Chain("InMemor");
+    EXPECT_EQ(rig.Word(3116), 1200);
+    rig.Press("Esci");
+    rig.Sim("ignition off");
+    rig.Run(10000);
+    EXPECT_EQ(rig.program.link.state.CentralinaDaRiconoscere, shell::True);
+    rig.Sim("ignition on");
+    ASSERT_TRUE(rig.RunUntil([&] { return rig.program.link.state.FlussoAttivo == shell::True; }, 60000));
+    EXPECT_EQ(rig.Live(181), 1200);
+    rig.Open(2);
+    EXPECT_EQ(rig.Field("ValMin(1)"), "1200");
+    EXPECT_EQ(rig.Field("MinDef(1)"), "1200");
+}
+
+TEST(PageCycle, ATryThatIsNotStoredLeavesTheWorkingMemoryAsItWas) {
+    PageRig rig("MessaP");
+    const auto before = rig.unit.Cells().Read(sim::Area::Working, 0, 2048);
+    rig.Open(2);
+    rig.Enter("ValMin(1)", "1200");
+    rig.Choose("Inibiz", 1);
+    rig.Enter("ValMin(8)", "60");
+    rig.Chain("Applica(0)");
+    EXPECT_NE(rig.unit.Cells().Read(sim::Area::Working, 0, 2048), before);
+    rig.Chain("Esci");
+    EXPECT_EQ(rig.unit.Cells().Read(sim::Area::Working, 0, 2048), before);
+}
+
+// The limits of a page follow what another one has stored.
+TEST(PageCycle, WhatIsStoredBoundsTheOtherPages) {
+    PageRig rig("MessaP");
+    rig.Open(1);
+    rig.Enter("ValCut(1)", "2500");
+    rig.Chain("InMemor");
+    rig.Press("Esci");
+    rig.Open(2);
+    EXPECT_EQ(rig.Record("ValMin(1)").Max, 2500);
+}
+
+}  // namespace

@@ -1,0 +1,318 @@
+#include <gtest/gtest.h>
+
+#include "tuning/page_rig.h"
+
+namespace {
+
+using pages::Reason;
+using tuning_test::PageRig;
+
+TEST(PageEditing, DigitsAlonePassAndEnterLeavesTheField) {
+    PageRig rig("MessaP");
+    rig.Open(6);
+    pages::Control& field = rig.Control("ValFG(0)");
+    struct Case {
+        const char* typed;
+        const char* text;
+    };
+    for (const Case& c : {Case{"5a0b0 0", "5000"}, Case{"-5100", "5100"}, Case{"5.2,0", "520"}, Case{"", ""},
+                          Case{"12345678901234567890", "12345678"}}) {
+        rig.Stack().Type(field, c.typed);
+        EXPECT_EQ(field.Text(), c.text) << c.typed;
+        EXPECT_EQ(rig.Dato("ValFG(0)", 1), "6200") << "nothing is taken before the field is left";
+    }
+    rig.Stack().Type(field, "5000");
+    EXPECT_EQ(rig.Stack().Edit(field, "5 000").why, Reason::KeyDoesNothing);
+    EXPECT_TRUE(field.Changed());
+    EXPECT_EQ(rig.Stack().Key(rig.Page(), "Enter").ok, true);
+    EXPECT_EQ(rig.Dato("ValFG(0)", 1), "5000");
+    EXPECT_EQ(rig.Page().Focus(), &rig.Control("ValFG(1)"));
+    rig.Enter("ValFG(0)", "");
+    EXPECT_EQ(field.Text(), "5000") << "an empty text brings back the last figure";
+}
+
+// Every number of both dialogs at its limits and beyond them.
+TEST(PageEditing, AFigureOutsideItsLimitsIsRefusedAndNeverReachesTheRecord) {
+    int tried = 0;
+    for (const auto& [dialog, pages] : {std::pair{"MessaP", 12}, {"Imposta", 7}}) {
+        for (int page = 0; page < pages; ++page) {
+            PageRig rig(dialog);
+            rig.Open(page);
+            const auto controls = rig.Page().Controls();
+            for (pages::Control* field : controls) {
+                const auto name = tuning::FindRecord(field->Name());
+                if (field->GetKind() != pages::Kind::Field || !field->Visible() || field->Locked() || !name) continue;
+                const tuning::Record& record = rig.program.tuning.memoria[name->number];
+                const std::string before = record.Dato[1];
+                for (const double figure : {record.Min - 1, record.Max + 1}) {
+                    if (figure < 0) continue;
+                    const int beeps = rig.Beeps();
+                    const std::string typed(platform::Trim(tuning::FigureText(figure)));
+                    rig.Enter(field->Name(), typed);
+                    EXPECT_EQ(record.Dato[1], before) << field->Name();
+                    EXPECT_EQ(rig.Beeps(), beeps + 1) << field->Name();
+                    EXPECT_TRUE(field->Refused()) << field->Name();
+                    EXPECT_EQ(field->Text(), typed) << "what was typed stays to be put right";
+                    EXPECT_EQ(rig.Page().Focus(), field) << field->Name();
+                    EXPECT_NE(rig.Shown().find(" - "), std::string::npos) << field->Name();
+                    EXPECT_EQ(rig.Press("InMemor").why, Reason::ValueRefused) << "it is looked at again";
+                    ++tried;
+                }
+                rig.Enter(field->Name(), std::string(platform::Trim(before)));
+                EXPECT_FALSE(field->Refused()) << field->Name();
+                EXPECT_EQ(rig.Shown(), "") << field->Name();
+            }
+            EXPECT_EQ(rig.sent, PageRig::Frames{});
+        }
+    }
+    EXPECT_GT(tried, 100);
+}
+
+TEST(PageEditing, LimitsAreShownInTheUnitOfTheField) {
+    PageRig rig("MessaP");
+    rig.Open(2);
+    rig.Enter("ValMin(1)", "499");
+    EXPECT_EQ(rig.Shown(), "500 - 1800 rpm");
+    for (const char* legal : {"500", "1800"}) {
+        rig.Enter("ValMin(1)", legal);
+        EXPECT_EQ(rig.Dato("ValMin(1)", 1), legal);
+    }
+    rig.Enter("ValMin(13)", "256");
+    EXPECT_EQ(rig.Shown(), "0 - 255 s/10");
+}
+
+TEST(PageEditing, ThresholdsKeepToTheirSideOfEachOther) {
+    PageRig rig("MessaP");
+    rig.Open(0);
+    rig.Enter("ValLam(1)", "114");
+    EXPECT_TRUE(rig.Control("ValLam(1)").Refused());
+    EXPECT_EQ(rig.Shown(), "20 - 113 counts") << "the upper threshold bounds the lower";
+    rig.Enter("ValLam(1)", "113");
+    EXPECT_FALSE(rig.Control("ValLam(1)").Refused());
+    rig.Enter("ValLam(2)", "112");
+    EXPECT_EQ(rig.Shown(), "113 - 180 counts");
+    rig.Enter("ValLam(2)", "150");
+    EXPECT_EQ(rig.Dato("ValLam(2)", 1), "150");
+    rig.Enter("ValLam(1)", "140");
+    EXPECT_EQ(rig.Dato("ValLam(1)", 1), "140") << "and follows when it moves";
+}
+
+// The probe's extremes and thresholds as counts of a 5 V probe, shown up to 255.
+TEST(PageEditing, TheReducedDisplayScalesFiguresAndLimitsAlike) {
+    PageRig rig("MessaP",
+                {"cell O 3074 02", "cell O 3120 0064", "cell O 3122 0385", "cell O 3126 012C", "cell O 3124 02BC"});
+    rig.Open(0);
+    EXPECT_EQ(rig.Field("ValLam(1)"), "74");
+    EXPECT_EQ(rig.Field("ValLam(2)"), "174");
+    rig.Enter("ValLam(2)", "225");
+    EXPECT_EQ(rig.Shown(), "74 - 224 counts");
+    rig.Enter("ValLam(2)", "200");
+    const auto frames = rig.Chain("Applica(0)");
+    EXPECT_EQ(frames.at(1), "W00270002012C") << "not edited: the count as it was read";
+    EXPECT_EQ(frames.at(2), "W002500020322") << "200 x 1023 / 255, cut";
+}
+
+TEST(PageEditing, AThrottleWiredTheOtherWayRoundTurnsItsThresholdsRound) {
+    PageRig rig("MessaP", {"cell O 3088 03AC", "cell O 3090 0050", "cell O 3092 0384", "cell O 3094 0370"});
+    rig.program.shell.state.RisoluzionePiena = shell::True;
+    rig.Open(1);
+    EXPECT_EQ(rig.Field("ValCut(3)"), "900");
+    EXPECT_EQ(rig.Field("ValCut(4)"), "880");
+    rig.Enter("ValCut(4)", "901");
+    EXPECT_EQ(rig.Shown(), "80 - 900 counts");
+    rig.Enter("ValCut(4)", "600");
+    EXPECT_EQ(rig.Dato("ValCut(4)", 1), "600");
+}
+
+TEST(PageEditing, TheSensorOfAThresholdDecidesHowItIsShownAndBounded) {
+    PageRig rig("MessaP");
+    rig.Open(1);
+    EXPECT_EQ(rig.Field("ValCut(3)"), "25");
+    EXPECT_EQ(rig.Field("Umi(3)"), "counts");
+    EXPECT_TRUE(rig.Control("LeggoTPS").Visible());
+    rig.Choose("SogliaTM", 0);
+    EXPECT_EQ(rig.Dato("SogliaTM", 1), "0") << "a choice takes effect at once";
+    EXPECT_EQ(rig.Field("Umi(3)"), "mbar");
+    EXPECT_EQ(rig.Record("ValCut(3)").Min, 379);
+    EXPECT_EQ(rig.Record("ValCut(3)").Max, 998);
+    EXPECT_FALSE(rig.Control("LeggoTPS").Visible());
+    rig.Enter("ValCut(4)", "700");
+    rig.Enter("ValCut(3)", "378");
+    EXPECT_EQ(rig.Shown(), "379 - 700 mbar");
+    rig.Enter("ValCut(3)", "379");
+    const auto frames = rig.Chain("Applica(0)");
+    EXPECT_EQ(frames.at(2), "W0075000100");
+    EXPECT_EQ(frames.at(3), "W00120002012E") << "the count that stands for 379 mbar: 302";
+    EXPECT_EQ(frames.at(4), "W001400020194");
+    ASSERT_FALSE(rig.Chain("Esci").empty());
+    EXPECT_EQ(rig.Dato("SogliaTM", 1), "1") << "what was not stored is forgotten";
+    EXPECT_EQ(rig.Dato("ValCut(3)", 0), "25") << "by the sensor that holds";
+}
+
+TEST(PageEditing, NeighboursBoundEachOtherByWhatIsReadOrEdited) {
+    PageRig rig("Imposta");
+    rig.Open(1);
+    rig.Enter("ValSerb(2)", "142");
+    EXPECT_EQ(rig.Shown(), "143 - 318 counts") << "a level lies between its neighbours";
+    rig.Enter("ValSerb(2)", "300");
+    rig.Enter("ValSerb(3)", "299");
+    EXPECT_EQ(rig.Shown(), "300 - 405 counts") << "as edited, not as read";
+    rig.Enter("ValSerb(3)", "318");
+    rig.Enter("ValSerb(0)", "144");
+    EXPECT_EQ(rig.Shown(), "0 - 143 counts");
+    rig.Enter("ValSerb(0)", "0");
+    rig.Enter("ValSerb(6)", "1024");
+    EXPECT_EQ(rig.Shown(), "500 - 1023 counts");
+}
+
+TEST(PageEditing, AFixedAdaptationSpeedLocksTheFiguresAndLeavesThoseOfTheUnit) {
+    PageRig rig("MessaP");
+    rig.Open(9);
+    pages::Control& speed = rig.Control("VeloAuto");
+    EXPECT_EQ(speed.Items().size(), 7U);
+    EXPECT_EQ(speed.Index(), 6) << "manual";
+    rig.Enter("ValAuto(3)", "31");
+    rig.Choose("VeloAuto", 2);
+    EXPECT_EQ(rig.Stack().Type(rig.Control("ValAuto(3)"), "32").why, Reason::Locked);
+    EXPECT_EQ(rig.Field("ValAuto(3)"), "30");
+    EXPECT_EQ(rig.Chain("Applica(0)").front(), "W0256000102") << "the cell holds the index";
+    rig.Choose("VeloAuto", 6);
+    rig.Enter("ValAuto(3)", "32");
+    EXPECT_EQ(rig.Dato("ValAuto(3)", 1), "32");
+}
+
+TEST(PageEditing, ACellOfATableGoesThroughTheSameChecks) {
+    PageRig rig("MessaP");
+    rig.Open(4);
+    EXPECT_FALSE(rig.Control("TransitT").Visible());
+    EXPECT_EQ(rig.Stack().EditCell(rig.Control("TransitT"), 1, 0, "5").why, Reason::Hidden);
+    rig.Press("TastoTrans");
+    EXPECT_EQ(rig.Field("TastoTrans"), rig.Text("TASTOTRANS.1", "MESSAP"));
+    EXPECT_FALSE(rig.Control("ValTrans(1)").Visible());
+    EXPECT_FALSE(rig.Control("LabMP(1)").Visible());
+    pages::Control& grid = rig.Control("TransitT");
+    ASSERT_EQ(grid.GetCells().size(), 5U);
+    EXPECT_EQ(grid.GetCells()[0][2], rig.Text("TABTRANS.3", "MESSAP"));
+    EXPECT_EQ(grid.GetCells()[1], (std::vector<std::string>{"1000", "2000", "40", "20", "10", "4"}));
+    rig.EnterCell("TransitT", 1, 5, "256");
+    EXPECT_EQ(grid.GetCells()[1][5], "4");
+    EXPECT_EQ(rig.Shown(), "0 - 255");
+    EXPECT_TRUE(grid.Refused());
+    rig.EnterCell("TransitT", 1, 5, "");
+    EXPECT_FALSE(grid.Refused());
+    rig.EnterCell("TransitT", 1, 1, "2100");
+    EXPECT_EQ(grid.GetCells()[2][0], "2100") << "the end of a row starts the next";
+    EXPECT_EQ(rig.Dato("TransitT(6)", 1), "2100");
+    EXPECT_EQ(rig.Control("TransitTDef").GetCells()[1][1], "2000");
+    EXPECT_TRUE(grid.Changed());
+    EXPECT_EQ(rig.Stack().EditCell(rig.Control("TransitTDef"), 1, 1, "7").ok, false);
+    rig.Press("TastoTrans");
+    EXPECT_TRUE(rig.Control("ValTrans(1)").Visible());
+    rig.Press("TastoTransDef");
+    EXPECT_TRUE(rig.Control("TransitTDef").Visible());
+    EXPECT_FALSE(rig.Control("TransitT").Visible()) << "the initial values alone";
+    rig.Press("TastoTransDef");
+    EXPECT_TRUE(rig.Control("ValTrans(1)").Visible());
+}
+
+TEST(PageEditing, TablesHaveTheirShape) {
+    PageRig rig("MessaP");
+    rig.Open(0);
+    rig.Press("SoglieLam");
+    EXPECT_EQ(rig.Control("LabRPM").GetCells(),
+              (pages::Cells{{"1200", "1800", "2400", "3000", "3600", "4200", "4800"}}));
+    EXPECT_EQ(rig.Control("LabTPS").GetCells(), (pages::Cells{{"200"}, {"350"}, {"500"}, {"650"}}));
+    EXPECT_EQ(rig.Control("T_LamSup").GetCells().size(), 5U);
+    rig.EnterCell("T_LamSup", 4, 7, "120");
+    EXPECT_EQ(rig.Dato("T_LamSup(39)", 1), "120");
+    rig.EnterCell("T_LamInf", 1, 2, "99");
+    EXPECT_EQ(rig.Dato("T_LamInf(11)", 1), "99") << "five load rows in each rev column";
+    EXPECT_EQ(rig.Field("LabLa(1)"), "T.P.S.");
+    ASSERT_FALSE(rig.Chain("Esci").empty());
+    rig.Open(3);
+    rig.Press("TastoMappa");
+    EXPECT_FALSE(rig.Control("Giri_ResCO").Visible());
+    const pages::Cells& zones = rig.Control("Giri_Lambda").GetCells();
+    ASSERT_EQ(zones.size(), 10U);
+    EXPECT_EQ(zones[1], (std::vector<std::string>{"1200", "124", "113"}));
+    EXPECT_EQ(zones[9], (std::vector<std::string>{"6200", "", ""})) << "the over-speed threshold ends the last zone";
+    rig.EnterCell("Giri_Lambda", 9, 1, "5");
+    EXPECT_EQ(rig.Control("Giri_Lambda").GetCells()[9][1], "");
+    rig.Press("ResetPC");
+    EXPECT_FALSE(rig.Control("Giri_Lambda").Visible());
+    EXPECT_EQ(rig.Control("Giri_ResCO").GetCells()[16], (std::vector<std::string>{"16", "150"}));
+    rig.EnterCell("Giri_ResCO", 16, 1, "151");
+    EXPECT_EQ(rig.Dato("Giri_ResCO(31)", 1), "151");
+}
+
+TEST(PageEditing, TheLoadAxisIsNamedByItsSensor) {
+    PageRig rig("MessaP");
+    rig.Open(0);
+    rig.Choose("ScelgoMAP", 1);
+    rig.Press("SoglieLam");
+    EXPECT_EQ(rig.Field("LabLa(0)"), rig.Text("LABLA.0", "MESSAP"));
+    EXPECT_EQ(rig.Field("LabLa(1)"), "M.A.P.");
+}
+
+TEST(PageEditing, TheZoneOfTheEngineIsMarkedInTheMap) {
+    PageRig rig("MessaP", {"rpm 2000", "throttle 40"});
+    rig.Open(0);
+    rig.Press("SoglieLam");
+    rig.Run(1000);
+    const pages::Control& map = rig.Control("T_LamInf");
+    EXPECT_EQ(map.MarkedColumn(), 2) << "from 1800 to 2400";
+    EXPECT_EQ(map.MarkedRow(), 2) << "40 % is 424 counts: from 350 to 500";
+    EXPECT_EQ(rig.Field("B_Lam"), "   LamMM = 103   LamRR = 113   LamSt = 108");
+    rig.Sim("throttle 0");
+    rig.Sim("rpm 850");
+    rig.Run(3000);
+    EXPECT_EQ(map.MarkedColumn(), 0);
+    EXPECT_EQ(rig.Field("B_Lam"), "   LamMM = 113   LamRR = 124   LamSt = 119") << "idle has thresholds of its own";
+}
+
+TEST(PageEditing, TheThrottleIsReadIntoTheFieldThatAsks) {
+    PageRig rig("MessaP", {"rpm 2000", "throttle 40"});
+    rig.Open(1);
+    rig.Run(500);
+    rig.Stack().FocusOn(rig.Control("ValCut(4)"));
+    ASSERT_TRUE(rig.Press("LeggoTPS").ok);
+    EXPECT_EQ(rig.Field("ValCut(4)"), "105") << "424 x 255 / 1023";
+    EXPECT_EQ(rig.Control("Applica(0)").Why(), Reason::None);
+    rig.Stack().FocusOn(rig.Control("ValCut(0)"));
+    ASSERT_TRUE(rig.Press("LeggoTPS").ok);
+    EXPECT_EQ(rig.Field("ValCut(3)"), "105") << "the first one, when another field has the focus";
+    rig.Sim("field tps \"****\"");
+    rig.Run(500);
+    const int beeps = rig.Beeps();
+    ASSERT_TRUE(rig.Press("LeggoTPS").ok);
+    EXPECT_EQ(rig.Beeps(), beeps + 1);
+    EXPECT_EQ(rig.Shown(), rig.Text("ERRORE_18", "ERRORI"));
+}
+
+// A figure that the unit itself holds outside the limits is shown; it can be left, but not stored.
+TEST(PageEditing, AnIllegalFigureOfTheUnitIsFoundWhenThePageIsStored) {
+    PageRig rig("MessaP", {"cell O 3148 0064"});
+    rig.Open(6);
+    EXPECT_EQ(rig.Field("ValFG(1)"), "100");
+    rig.Stack().Leave(rig.Control("ValFG(1)"));
+    EXPECT_FALSE(rig.Control("ValFG(1)").Refused());
+    const int beeps = rig.Beeps();
+    ASSERT_TRUE(rig.Press("InMemor").ok);
+    EXPECT_EQ(rig.State(), eculink::Idle);
+    EXPECT_EQ(rig.sent, PageRig::Frames{});
+    EXPECT_EQ(rig.Beeps(), beeps + 1);
+    EXPECT_EQ(rig.Shown(), "1500 - 6200 rpm");
+    EXPECT_EQ(rig.Page().Focus(), &rig.Control("ValFG(1)"));
+    rig.Enter("ValFG(1)", "5500");
+    EXPECT_EQ(rig.Chain("InMemor").size(), 4U);
+}
+
+TEST(PageEditing, AnIllegalCellOpensItsTable) {
+    PageRig rig("MessaP", {"cell O 3344 0400"});
+    rig.Open(0);
+    ASSERT_TRUE(rig.Press("InMemor").ok);
+    EXPECT_EQ(rig.Shown(), "0 - 1023");
+    EXPECT_TRUE(rig.Control("LabTPS").Visible() && rig.Control("LabTPS").Refused());
+}
+
+}  // namespace
