@@ -78,10 +78,8 @@ bool Trace(program::Program& program, const CommandLine& line) {
     return true;
 }
 
-int ExitStatus(const program::Program& program, bool started) {
-    constexpr int Refused = 1;
-    if (program.shell.state.ended) return program.shell.state.exitStatus;
-    return started ? 0 : Refused;
+int ExitStatus(const program::Program& program) {
+    return program.shell.state.ended ? program.shell.state.exitStatus : 0;
 }
 
 }  // namespace common

@@ -22,7 +22,7 @@ shell::Options ProgramOptions(const CommandLine& line, const platform::Path& exe
 
 // Starts the trace that the command line asks for; false when its file cannot be written.
 bool Trace(program::Program& program, const CommandLine& line);
-// The exit status of a program that ends: its own, or 1 when it refused to start and nobody answered.
-int ExitStatus(const program::Program& program, bool started);
+// The exit status of a program that ends: what it asked for, or 0 when its input just ended.
+int ExitStatus(const program::Program& program);
 
 }  // namespace common

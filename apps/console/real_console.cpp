@@ -27,11 +27,11 @@ int RunInRealTime(int argc, char** argv, const common::CommandLine& line, const 
     program::Program program(host, options);
     if (!common::Trace(program, line))
         return common::Complain(common::FrontEnd::Console, "the trace file cannot be written");
-    const bool started = program::Start(program);
+    program::Start(program);
 
     std::optional<QtSession> session;
     const auto endWhenFinished = [&] {
-        if (session->Finished()) QCoreApplication::exit(common::ExitStatus(program, started));
+        if (session->Finished()) QCoreApplication::exit(common::ExitStatus(program));
     };
     session.emplace(program, simulation ? &simulation->unit : nullptr, endWhenFinished);
     const auto afterEvent = [&] {

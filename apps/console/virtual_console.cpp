@@ -43,11 +43,11 @@ int RunOnVirtualTime(const common::CommandLine& line, const platform::Path& exec
     program::Program program(host, options);
     if (!common::Trace(program, line))
         return common::Complain(common::FrontEnd::Console, "the trace file cannot be written");
-    const bool started = program::Start(program);
+    program::Start(program);
     Interpreter interpreter(program, &simulation.unit);
     Session session(interpreter, PrintLine);
     Converse(session, interpreter, simulation.world);
-    return common::ExitStatus(program, started);
+    return common::ExitStatus(program);
 }
 
 }  // namespace console

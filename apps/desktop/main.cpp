@@ -41,10 +41,10 @@ int Run(QApplication& application, const common::CommandLine& line, const platfo
     const desktop::Theme& theme = ThemeOf(program);
     desktop::ApplyTheme(theme);
     desktop::Windows windows(program, theme);
-    const bool started = program::Start(program);
+    program::Start(program);
 
     std::optional<console::QtSession> session;
-    const auto end = [&] { QCoreApplication::exit(common::ExitStatus(program, started)); };
+    const auto end = [&] { QCoreApplication::exit(common::ExitStatus(program)); };
     const auto follow = [&] {
         windows.Sync();
         if (program.shell.state.ended || (session && session->Finished())) end();

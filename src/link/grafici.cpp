@@ -64,8 +64,10 @@ Grafici::Grafici(Link& owner) : Page("Grafici"), link_(owner) {
     LedC.SetColour("white");
     for (const auto& lamp : Led) lamp->SetColour("white");
     Commu.SetIndex(0);
-    // Closing by hand is refused as long as nothing is on the chart; the main window closes it for good.
-    onClose = [] {};
+    // Closing by hand is refused as long as nothing is on the chart, unless the main window itself is closing.
+    whyNotClose = [this] {
+        return link_.shell.state.InChiusura == shell::True ? pages::Reason::None : pages::Reason::NothingChosen;
+    };
 }
 
 void Grafici::Opening() {

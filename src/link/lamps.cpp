@@ -58,9 +58,9 @@ constexpr std::array<CentreRow, 10> Centre{{
 constexpr CentreRow CentreOff{'0', White, false};
 
 struct RowRow {
-    char digit;
-    unsigned lit;  // lamps that are green at first, bit 0 the first one
-    RowAnimation animation;
+    char digit = '0';
+    unsigned lit = 0;  // lamps that are green at first, bit 0 the first one
+    RowAnimation animation = RowAnimation::None;
 };
 constexpr unsigned Outer = 0b1001;
 constexpr unsigned Inner = 0b0110;
@@ -168,6 +168,9 @@ void MarkBadFrame(Link& link) {
 
 void MarkLost(Link& link) {
     SetRx(link, White, White, RxLost);
+    // The replica of a switch that nobody hears is dark.
+    ShowRow(link, {});
+    ShowCentre(link, CentreOff.digit);
 }
 
 void LampadeStato(Link& link) {

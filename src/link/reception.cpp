@@ -21,7 +21,6 @@ using frames::Stx;
 using frames::ValoreNum;
 
 constexpr std::size_t LongestPartial = 1U << 20U;  // a frame without end beyond this can be none
-constexpr std::size_t ShownBuffer = 1024;          // what the label needs to show of the buffer
 constexpr int StoredPoints = 1;                    // of the sensor line: those in the unit's image
 constexpr int MapLearning = 5;                     // the calibration step that works with pressures in mbar
 
@@ -47,9 +46,13 @@ std::string PortSettings(const shell::SerialTexts& serial) {
 
 // A frame that never ends is cut down to its beginning; text without any beginning is dropped.
 void BoundBuffer(std::string& buffer) {
-    if (buffer.size() <= LongestPartial || buffer.find(Etx) != std::string::npos) return;
+    if (buffer.size() <= LongestPartial) return;
     const std::size_t start = buffer.rfind(Stx);
-    buffer = start == std::string::npos ? std::string() : buffer.substr(start, 2);
+    if (start == std::string::npos) {
+        buffer.clear();
+    } else if (buffer.find(Etx) == std::string::npos) {
+        buffer = buffer.substr(start, 2);
+    }
 }
 
 // Takes the next frame out of the buffer; false when it holds no complete one. Only what stands behind the last STX of
@@ -71,12 +74,10 @@ bool IsLive(const std::string& frame) {
 }
 
 void ShowBuffer(Link& link) {
-    const std::string& buffer = link.state.BufferRx;
-    if (link.shell.main.Label1.Text() != buffer) link.shell.main.Label1.SetText(buffer.substr(0, ShownBuffer));
+    link.shell.main.Label1.SetText(link.state.BufferRx);
 }
 
 void Dispatch(Link& link, const std::string& frame) {
-    if (link.trace) link.trace(Direction::Received, frame);
     if (frame.size() < 2) return;
     if (frame[1] == 'D') {
         FrameDati(link, frame);
@@ -124,6 +125,7 @@ void EstraiFrame(Link& link) {
     while (true) {
         ShowBuffer(link);
         if (!PopFrame(buffer, frame)) break;
+        if (link.trace) link.trace(Direction::Received, frame);
         if (!IsLive(frame)) break;
         if (link.shell.state.TipoComputer == 1) break;
         if (buffer.size() <= StaleLimit) break;
@@ -233,7 +235,9 @@ void WatchSwitch(Link& link) {
     int& phase = link.shell.state.FaseAcq;
     if (phase == shell::NoPhase && now && !before) {
         link.state.restartMark = shell::True;
-        if (link.live.SwitchPhase) link.live.SwitchPhase(FirstAcquisition);
+        if (!link.live.SwitchPhase) return;
+        link.live.SwitchPhase(shell::NoPhase);
+        phase = FirstAcquisition;
     } else if (phase == FirstAcquisition && !now && before) {
         phase = shell::NoPhase;
         if (link.live.SwitchPhase) link.live.SwitchPhase(shell::NoPhase);

@@ -18,8 +18,7 @@ using shell::True;
 constexpr const char* TraceName = "TXMESS.TXT";
 
 void Write(Link& link, std::string_view frame) {
-    if (link.trace) link.trace(Direction::Sent, frame);
-    link.shell.host.port.Output(frame);
+    if (link.shell.host.port.Output(frame) && link.trace) link.trace(Direction::Sent, frame);
 }
 
 // Sends the first frame of the chain and waits for its reply; every frame has the whole limit.
@@ -154,6 +153,8 @@ void StreamLost(Link& link) {
     link.shell.state.FirmwareVecchio = False;
     shell::ShowAdaptationMenu(link.shell);
     link.state.unanswered = 0;
+    link.state.bytesReceived = 0;  // what was heard before says nothing about the line now
+    link.state.framesReceived = 0;
     link.shell.main.SetEnabled(true);
     if (link.loss.CloseRecording) link.loss.CloseRecording();
     AzzeraDati(link);

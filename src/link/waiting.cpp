@@ -168,9 +168,7 @@ void ShowLinkState(Link& link) {
     link.shell.main.Versione.SetText(link.state.VersioneECU.empty()
                                          ? std::string()
                                          : Fill(link.shell.TestoLingua("VERSIONE.0", "STATO"), link.state.VersioneECU));
-    if (word != Word::Waiting && word != Word::Lost) return;
-    link.shell.main.Codice.SetText({});
-    ShowWaiting(link);
+    if (word == Word::Waiting || word == Word::Lost) link.shell.main.Codice.SetText({});
 }
 
 }  // namespace eculink

@@ -15,9 +15,7 @@ LeggoIn::LeggoIn(Memory& owner) : Page("LeggoIn"), memory_(owner) {
     EsciP.onPress = [this] { memory_.link.shell.End(0); };
     BindKey("Esc", Esci);
     // The page goes when the read has ended; by hand it can be closed only where Esci can be pressed.
-    onClose = [this] {
-        if (Esci.Visible() && Esci.Enabled()) memory_.link.shell.stack.ClosePage(*this);
-    };
+    whyNotClose = [this] { return Esci.Visible() ? Esci.Why() : pages::Reason::Transaction; };
 }
 
 void LeggoIn::Opening() {

@@ -50,6 +50,8 @@ class Page {
 
     // What the window's close button does; without a handler the page just closes.
     Control::Handler onClose;
+    // Why the window cannot be closed now; without it, or with None, it can.
+    std::function<Reason()> whyNotClose;
 
   protected:
     // Behind all other controls in reading order.

@@ -95,7 +95,8 @@ bool PageStack::LeavePending(Page& page, const Control* next) {
     focused->pending = false;
     page.SetFocus(nullptr);
     Call(focused->onLeave);
-    return page.Focus() != focused;
+    focused->pending = page.Focus() == focused;  // a refused value goes on holding the focus
+    return !focused->pending;
 }
 
 // What every input on a control has in common: it must be reachable, and the field left for it must hold a legal value.
@@ -155,6 +156,7 @@ Outcome PageStack::Leave(Control& control) {
     page.SetFocus(page.NextFocus(&control));
     control.pending = false;
     Call(control.onLeave);
+    if (control.GetKind() == Kind::Field) control.pending = page.Focus() == &control;
     return Outcome::Done();
 }
 
@@ -203,6 +205,8 @@ Outcome PageStack::Key(Page& page, std::string_view key) {
         if (key == "Enter" && IsPressable(*focus)) return Press(*focus);
         return Leave(*focus);
     }
+    if (key == "Space" && focus != nullptr && IsPressable(*focus)) return Press(*focus);
+    if (key == "Delete" && focus != nullptr && focus->GetKind() == Kind::Field) return Type(*focus, {});
     if (key == "Backspace" && focus != nullptr && focus->GetKind() == Kind::Field && !focus->Text().empty()) {
         return Type(*focus, std::string_view(focus->Text()).substr(0, focus->Text().size() - 1));
     }
@@ -214,6 +218,9 @@ Outcome PageStack::Close(Page& page) {
     // A page whose way out is barred, by an exchange that runs, cannot be closed by its window either.
     for (const Control* control : page.controls_) {
         if (control->escapes && control->Visible() && !control->Enabled()) return Outcome::Refused(control->Why());
+    }
+    if (const Reason why = page.whyNotClose ? page.whyNotClose() : Reason::None; why != Reason::None) {
+        return Outcome::Refused(why);
     }
     LeavePending(page, nullptr);
     if (page.onClose) {

@@ -26,10 +26,9 @@ constexpr int OldAdaptationItem = 12;
 
 // Pages of later versions. Each issue that builds one takes its name out of here.
 constexpr auto FuturePages = std::to_array<std::string_view>({
-    "Memorf",     "ChiudiFile", "CancFileD", "Infile",    "VisOff",   "CancFile", "Programma",
-    "ProgFlash",  "RipriF",     "SalvatF",   "CancFileS", "AutoTar",  "ModMappa", "Ident",
-    "AutoTarOff", "StoricoA",   "Salvat",    "Ripri",     "SalvatP",  "RipriP",   "SalvatM",
-    "SalvatPM",   "RipriM",     "RipriPM",   "CancFileB", "Anomalie", "MessaP",   "Imposta",
+    "Memorf",  "ChiudiFile", "CancFileD", "Infile",   "VisOff", "CancFile",   "Programma", "ProgFlash", "RipriF",
+    "SalvatF", "CancFileS",  "AutoTar",   "ModMappa", "Ident",  "AutoTarOff", "StoricoA",  "Salvat",    "Ripri",
+    "SalvatP", "RipriP",     "SalvatM",   "SalvatPM", "RipriM", "RipriPM",    "CancFileB", "Anomalie",
 });
 
 template <class Range, class Value>
@@ -139,6 +138,7 @@ Marlovent::Marlovent(Shell& owner) : Page("Marlovent") {
               {"Codice", &Codice},
               {"VisReg", &VisReg},
               {"Campioni", &Campioni}};
+    SetTitle("C V N - INSTALLAZIONE MARLO VENT");  // until the texts are there
     RxOK.SetColour("white");
     RxKO.SetColour("white");
     onClose = [&owner] {

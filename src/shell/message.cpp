@@ -95,6 +95,7 @@ void Messaggio::Show() {
         (this->*button).SetVisible(true);
         shown_.push_back(&(this->*button));
     }
+    for (pages::Button* button : shown_) PutLast(*button);  // Tab goes as the eye does
     SetFocus(shown_.at(static_cast<std::size_t>(style.safe)));
 }
 

@@ -73,9 +73,8 @@ void LeggiLingua(Shell& shell) {
         state.Lingua = names.empty() ? "ITALIANO" : Stem(names.front());
     }
     const std::string computer = ReadMarlo(shell, "IMPOSTAZIONI", "Computer", "1");
-    const double kind = frames::ValoreNum(computer);
-    const bool legal = frames::IsNumeric(computer) && (kind == 0 || kind == 1);
-    state.TipoComputer = legal ? static_cast<int>(kind) : 1;
+    const bool legal = computer == "0" || computer == "1";
+    state.TipoComputer = computer == "0" ? 0 : 1;
     if (!legal) WriteMarlo(shell, "IMPOSTAZIONI", "Computer", "1");
 }
 

@@ -125,7 +125,7 @@ void ConfSer::Fill() {
 bool ConfSer::Store() {
     struct Row {
         const char* key;
-        const pages::Control& list;
+        pages::Control& list;
         std::vector<std::string> texts;  // as the file holds them
     };
     const std::array<Row, 5> rows{{
@@ -138,8 +138,8 @@ bool ConfSer::Store() {
     std::vector<platform::IniValue> values;
     for (const Row& row : rows) {
         // A list with nothing chosen keeps what the file says.
-        if (row.list.Index() >= 0)
-            values.push_back({row.key, row.texts.at(static_cast<std::size_t>(row.list.Index()))});
+        if (row.list.Index() < 0) continue;
+        values.push_back({row.key, row.texts.at(static_cast<std::size_t>(row.list.Index()))});
     }
     const platform::Path file = shell_.FileInFolder("CONFIG.INI");
     if (!platform::WritePrivateProfileStrings(shell_.host.files, "SERIALE", values, file)) return TellUnwritable();

@@ -20,6 +20,7 @@ void Shell::AddDialog(pages::Page& page) {
     stack.Register(page);
     commands.Add(page.Name(), [this, &page](const Call& call) {
         stack.OpenPage(page, true);
+        if (&page == &infor) return;  // bears its own name, not that of the menu entry
         if (!call.title.empty()) page.SetTitle(call.title);
     });
 }
