@@ -24,7 +24,7 @@ constexpr int CloseFileItem = 1;
 constexpr int AdaptationItem = 11;  // of MenuPunto
 constexpr int OldAdaptationItem = 12;
 
-// Pages of later versions. Each issue that builds one takes its name out of here.
+// Pages of later versions. Whoever builds one takes its name out of here.
 constexpr auto FuturePages = std::to_array<std::string_view>({
     "Memorf",  "ChiudiFile", "CancFileD", "Infile",   "VisOff", "CancFile",   "Programma", "ProgFlash", "RipriF",
     "SalvatF", "CancFileS",  "AutoTar",   "ModMappa", "Ident",  "AutoTarOff", "StoricoA",  "Salvat",    "Ripri",
