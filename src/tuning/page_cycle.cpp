@@ -1,7 +1,6 @@
 #include "tuning/page_cycle.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "link/frames/build.h"
 #include "link/transaction.h"
@@ -53,7 +52,6 @@ void PageCycle::AddStates() {
         catalogue.Add(
             row, [this](const std::string& frame) { return Reply(frame); }, [this] { Refused(); },
             [this](int) { TimedOut(); });
-        catalogue.AcceptOnly(row.state, [this](const std::string& frame) { return Accepts(frame); });
     };
     add(dialog_.reading);
     for (const WorkRow& row : dialog_.works) add({row.state, dialog_.writeLetters, dialog_.writeTimeOut});
@@ -227,12 +225,6 @@ void PageCycle::Store() {
     if (parts_.editing.CheckAll()) Start(RowOf(Work::Storing));
 }
 
-// Only the reply to the frame that is under way belongs to the chain.
-bool PageCycle::Accepts(const std::string& frame) const {
-    const std::string& chain = Link().state.ComandoTx;
-    return chain.size() > 1 && frame[1] == std::tolower(static_cast<unsigned char>(chain[1]));
-}
-
 bool PageCycle::Reply(const std::string& frame) {
     if (!work_) return false;
     if (*work_ == Work::Reading) {
@@ -284,6 +276,14 @@ void PageCycle::FinishReading() {
     SetLimits(tuning_.memoria, tuning_.Cells(), tuning_.CurrentContext());
     parts_.foot.Segnalazione.SetText({});
     parts_.editing.Show();
+    FocusFirst();
+}
+
+// The hand goes to the first value that can be edited.
+void PageCycle::FocusFirst() {
+    for (const FieldControls& field : parts_.controls.Shown().fields) {
+        if (!field.value->Locked()) return parts_.page.SetFocus(field.value);
+    }
 }
 
 void PageCycle::FinishStoring() {

@@ -121,11 +121,11 @@ class PageCycle {
     bool Begin(Work work, int state, std::string chain);
 
     bool Reply(const std::string& frame);
-    bool Accepts(const std::string& frame) const;
     void TakeWrite(const PageWrite& write);
     void Finish();
     void FinishReading();
     void FinishStoring();
+    void FocusFirst();
     void Refused();
     void TimedOut();
     void End();

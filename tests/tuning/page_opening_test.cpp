@@ -105,6 +105,7 @@ TEST(PageOpening, FillsBothColumnsOfEveryPage) {
                     EXPECT_EQ(initial.Text(), value.Text()) << name;
                 }
             }
+            EXPECT_EQ(rig.Page().Focus(), &rig.Control(tuning::FullName(row.fields[0].name, row.fields[0].number)));
             std::size_t visible = 0;
             for (const pages::Control* control : rig.Page().Controls()) {
                 const bool input = control->GetKind() == pages::Kind::Field || control->GetKind() == pages::Kind::Combo;
