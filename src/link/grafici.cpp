@@ -88,7 +88,10 @@ void Grafici::Closed() {
 void AggiornaPagina(Link& link) {
     if (link.state.PaginaStrumenti == shell::False) return;
     LampadeStato(link);
-    if (link.state.DatoNuovo == shell::False || !link.state.refresh) return;
+    // A calibration step holds the figures; without one they also follow what no frame has brought, as when a unit
+    // goes.
+    const bool held = link.state.DatoNuovo == shell::False && link.shell.state.FaseAcq != shell::NoPhase;
+    if (held || !link.state.refresh) return;
     link.state.refresh = false;
     ShowFigures(link);
     const std::int32_t samples = link.RecCanali.Progressivo;

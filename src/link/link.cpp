@@ -41,6 +41,11 @@ Link::Link(shell::Shell& owner) : shell(owner) {
     AzzeraDati(*this);
 }
 
+// The port outlives the program and must not call into it any more.
+Link::~Link() {
+    shell.host.port.SetEvent({});
+}
+
 std::int64_t NowMs(const Link& link) {
     return link.shell.host.clock.ElapsedMicros() / 1000;
 }

@@ -86,6 +86,7 @@ struct LinkTimers {
 // The ECU link: port, receive buffer, transactions, live picture.
 struct Link {
     explicit Link(shell::Shell& owner);
+    ~Link();
     Link(const Link&) = delete;
     Link& operator=(const Link&) = delete;
 

@@ -20,9 +20,10 @@ using frames::IsNumeric;
 using frames::Stx;
 using frames::ValoreNum;
 
-constexpr std::size_t LongestPartial = 1U << 20U;  // a frame without end beyond this can be none
-constexpr int StoredPoints = 1;                    // of the sensor line: those in the unit's image
-constexpr int MapLearning = 5;                     // the calibration step that works with pressures in mbar
+constexpr std::size_t Unfinished = 1U << 20U;  // more waiting text than this, without a whole frame, is cut down
+constexpr std::size_t LongestFrame = 4096;     // beyond any frame that a unit sends
+constexpr int StoredPoints = 1;                // of the sensor line: those in the unit's image
+constexpr int MapLearning = 5;                 // the calibration step that works with pressures in mbar
 
 struct ParityRow {
     std::string_view text;
@@ -44,15 +45,13 @@ std::string PortSettings(const shell::SerialTexts& serial) {
     return settings + Format0(ValoreNum(serial.dataBits)) + "," + Trimmed(serial.stopBits);
 }
 
-// A frame that never ends is cut down to its beginning; text without any beginning is dropped.
+// Text in which no frame begins is dropped; what began last may still become one and stays, unless it never ends.
 void BoundBuffer(std::string& buffer) {
-    if (buffer.size() <= LongestPartial) return;
-    const std::size_t start = buffer.rfind(Stx);
-    if (start == std::string::npos) {
-        buffer.clear();
-    } else if (buffer.find(Etx) == std::string::npos) {
-        buffer = buffer.substr(start, 2);
-    }
+    if (buffer.size() <= Unfinished) return;
+    const std::size_t first = buffer.find(Stx);
+    if (first != std::string::npos && buffer.find(Etx, first) != std::string::npos) return;
+    const std::size_t last = buffer.rfind(Stx);
+    buffer = last == std::string::npos ? std::string() : buffer.substr(last, LongestFrame);
 }
 
 // Takes the next frame out of the buffer; false when it holds no complete one. Only what stands behind the last STX of
@@ -245,12 +244,13 @@ void WatchSwitch(Link& link) {
 }
 
 void HandOn(Link& link) {
-    const int phase = link.shell.state.FaseAcq;
+    const int& phase = link.shell.state.FaseAcq;
     if (phase >= 0) {
         link.state.DatoNuovo = shell::False;
         if (link.live.CalibrationStep) link.live.CalibrationStep(phase);
-        return;
     }
+    // The step may have been the last one: then this frame is a sample like the next.
+    if (phase != shell::NoPhase) return;
     link.state.refresh = true;
     link.state.DatoNuovo = shell::True;
     if (link.live.AddSample) link.live.AddSample();

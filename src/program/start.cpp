@@ -1,6 +1,7 @@
 #include "program/start.h"
 
 #include <array>
+#include <cstdio>
 
 #include "link/reception.h"
 #include "program/folder.h"
@@ -72,7 +73,15 @@ bool ReadResolution(Program& program) {
     return true;
 }
 
+// The third character of 10.4 as this system writes it.
+char DecimalSeparator() {
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "%.1f", 10.4);
+    return text[2];
+}
+
 bool InitialiseState(Program& program) {
+    program.shell.state.SepDecimale = DecimalSeparator();
     eculink::CaricaCanali(program.link);
     eculink::AzzeraDati(program.link);
     program.link.state.BufferRx.clear();
