@@ -1,7 +1,5 @@
 #pragma once
 
-#include <atomic>
-#include <filesystem>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -11,36 +9,9 @@
 #include "program/program.h"
 #include "program/start.h"
 #include "sim/unit.h"
-
-#ifdef _WIN32
-#include <process.h>
-#define getpid _getpid
-#else
-#include <unistd.h>
-#endif
+#include "support/temporary_folder.h"
 
 namespace support {
-
-// A folder of its own for each test; gone with it.
-class TemporaryFolder {
-  public:
-    TemporaryFolder() {
-        static std::atomic<int> count{0};
-        path_ = std::filesystem::temp_directory_path() /
-                ("marlovent-" + std::to_string(getpid()) + "-" + std::to_string(++count));
-        std::filesystem::create_directories(path_);
-    }
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    const std::filesystem::path& Path() const { return path_; }
-
-  private:
-    std::filesystem::path path_;
-};
 
 // The whole program on virtual time, in a new folder, with a simulated unit on the line. Start is the test's own call,
 // so that it can prepare the folder first.
