@@ -123,9 +123,14 @@ TEST_P(FilesContract, ListsTheFilesOfAnExtensionSortedInTheCodePage) {
     EXPECT_EQ(files_->List(folder_.Path(), ".LNG"), (Names{"Citt\xE0.LNG", "a.Lng", "b.lng"}));
 }
 
+TEST_P(FilesContract, AnEmptyTextMakesAnEmptyFile) {
+    EXPECT_TRUE(files_->Write(folder_ / "trace.txt", {}));
+    EXPECT_EQ(Content(folder_ / "trace.txt"), "");
+}
+
 TEST_P(FilesContract, AppendsToTheEndAndMakesWhatIsMissing) {
     EXPECT_TRUE(files_->Append(folder_ / "log.amp", "one\r\n"));
-    EXPECT_TRUE(files_->Append(folder_ / "log.amp", ""));
+    EXPECT_TRUE(files_->Append(folder_ / "log.amp", {}));
     EXPECT_TRUE(files_->Append(folder_ / "LOG.AMP", "two\r\n"));
     EXPECT_EQ(Content(folder_ / "log.amp"), "one\r\ntwo\r\n");
 }

@@ -59,10 +59,15 @@ bool FlushToDisk(std::FILE* file) {
 #endif
 }
 
+// An empty text may have no address at all, which fwrite does not allow.
+bool Put(std::string_view content, std::FILE* file) {
+    return content.empty() || std::fwrite(content.data(), 1, content.size(), file) == content.size();
+}
+
 bool WriteAll(const Path& path, std::string_view content) {
     File file = OpenFile(path, "wb");
     if (!file) return false;
-    const bool written = std::fwrite(content.data(), 1, content.size(), file.get()) == content.size();
+    const bool written = Put(content, file.get());
     return FlushToDisk(file.get()) && std::fclose(file.release()) == 0 && written;
 }
 
@@ -105,7 +110,7 @@ bool RealFiles::Append(const Path& file, std::string_view content) {
     if (error) return false;
     File out = OpenFile(path, "ab");
     if (!out) return false;
-    const bool written = std::fwrite(content.data(), 1, content.size(), out.get()) == content.size();
+    const bool written = Put(content, out.get());
     const bool closed = std::fclose(out.release()) == 0;
     if (written && closed) return true;
     if (existed) {
