@@ -40,11 +40,7 @@ const ReactionRow& ReactionOf(TimeOut letter) {
 }
 
 void Catalogue::Add(const StateRow& row, ReplyHandler reply, RefusalHandler refused, TimeOutHandler timeOut) {
-    rows_[row.state] = Entry{row, std::move(reply), std::move(refused), std::move(timeOut), {}, {}};
-}
-
-void Catalogue::AcceptOnly(int state, Accepts accepts) {
-    rows_.at(state).accepts = std::move(accepts);
+    rows_[row.state] = Entry{row, std::move(reply), std::move(refused), std::move(timeOut), {}};
 }
 
 void Catalogue::AddReply(int state, char letter, ReplyHandler reply) {
@@ -53,7 +49,7 @@ void Catalogue::AddReply(int state, char letter, ReplyHandler reply) {
 
 const ReplyHandler* Catalogue::Entry::HandlerOf(const std::string& frame) const {
     const char letter = frame.at(1);
-    if (row.letters.find(letter) == std::string_view::npos || (accepts && !accepts(frame))) return nullptr;
+    if (row.letters.find(letter) == std::string_view::npos) return nullptr;
     const auto own = byLetter.find(letter);
     const ReplyHandler& handler = own == byLetter.end() ? reply : own->second;
     return handler ? &handler : nullptr;

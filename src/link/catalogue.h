@@ -46,11 +46,16 @@ enum class TimeOut {
     X
 };
 
+// Which of the letters that a row lists count at a moment: the one that answers the command waited for, so that a reply
+// that the unit sent twice spoils nothing behind it; or all of them alike.
+enum class Counting { Awaited, Alike };
+
 // A transaction state: its number, the letters of the replies that it takes, and its reaction to silence.
 struct StateRow {
     int state;
     std::string_view letters;
     TimeOut timeOut;
+    Counting counting = Counting::Awaited;
 };
 
 // What the stream watchdog does after a silent command.
@@ -72,9 +77,6 @@ using RefusalHandler = std::function<void()>;
 // The page's part of a time-out; gets the state that was waiting.
 using TimeOutHandler = std::function<void(int state)>;
 
-// Whether a reply that the row lists fits what is under way.
-using Accepts = std::function<bool(const std::string& frame)>;
-
 // All transaction states in one table; each room adds the rows of its flows when the program is assembled.
 class Catalogue {
   public:
@@ -83,7 +85,6 @@ class Catalogue {
         ReplyHandler reply;
         RefusalHandler refused;
         TimeOutHandler timeOut;
-        Accepts accepts;
         std::map<char, ReplyHandler> byLetter;
 
         // The handler of a reply; null when this state does not take it now.
@@ -92,8 +93,6 @@ class Catalogue {
 
     // A state without handlers is one whose page this version does not have: its replies are dropped.
     void Add(const StateRow& row, ReplyHandler reply = {}, RefusalHandler refused = {}, TimeOutHandler timeOut = {});
-    // A reply that the row lists but that does not fit what is under way is dropped like any stray one.
-    void AcceptOnly(int state, Accepts accepts);
     // A letter with work of its own in that state.
     void AddReply(int state, char letter, ReplyHandler reply);
     // Null when no room has added the state.

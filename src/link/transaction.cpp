@@ -39,9 +39,11 @@ void RestoreWatchdog(Link& link, Watchdog watchdog) {
     link.timers.TimeOutDati->SetEnabled(on);
 }
 
-// A reply bears the small letter of the command that is waited for; any other one is a stray.
-bool AnswersPending(const Link& link, const std::string& frame) {
+// Whether a reply counts now: unless the row says otherwise it bears the small letter of the command that is waited
+// for.
+bool Counts(const Link& link, const StateRow& row, const std::string& frame) {
     constexpr char ToLower = 'a' - 'A';
+    if (row.counting == Counting::Alike) return true;
     return link.state.ComandoTx.size() > 1 && frame[1] == link.state.ComandoTx[1] + ToLower;
 }
 
@@ -113,7 +115,8 @@ void SendAlone(Link& link, const std::string& frame) {
 void DispatchReply(Link& link, const std::string& frame) {
     const int saved = link.state.StatoCmd;
     const Catalogue::Entry* entry = saved == Idle ? nullptr : link.catalogue.Find(saved);
-    const ReplyHandler* handler = entry == nullptr || !AnswersPending(link, frame) ? nullptr : entry->HandlerOf(frame);
+    const ReplyHandler* handler =
+        entry == nullptr || !Counts(link, entry->row, frame) ? nullptr : entry->HandlerOf(frame);
     if (handler == nullptr) return;
     link.timers.TimeOutComandi->SetEnabled(false);
     if (IsWriteReply(frame[1]) && !frames::IsOk(frame)) {

@@ -18,33 +18,20 @@ constexpr int StoringCells = 166;
 
 constexpr auto StoreStates = std::to_array<int>({StoringSpare, StoringAxes, StoringLive, StoringCells});
 
-char LowerCase(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-// Several memories answer in one state: a reply of another one than was asked last is a stray.
-bool AnswersPending(const eculink::Link& link, const std::string& frame) {
-    return link.state.ComandoTx.size() > 1 && frame.at(1) == LowerCase(link.state.ComandoTx[1]);
-}
-
 }  // namespace
 
 void MessaL1::AddStates() {
-    eculink::Link& link = tuning_.memory.link;
-    eculink::Catalogue& catalogue = link.catalogue;
-    const auto accepts = [&link](const std::string& frame) { return AnswersPending(link, frame); };
+    eculink::Catalogue& catalogue = tuning_.memory.link.catalogue;
     for (const int state : StoreStates) {
         catalogue.Add(
             StateRow{state, "wis", TimeOut::S}, [this](const std::string&) { return StoreReply(); },
             [this] { Finish(tuning_.memory.link.shell.TestoLingua("ERRORE_3", "ERRORI")); },
             [this](int) { Finish({}); });
-        catalogue.AcceptOnly(state, accepts);
     }
     catalogue.Add(
         StateRow{ReadingTable, "lor", TimeOut::S2},
         [this](const std::string& frame) { return ReadReply(frame, &MessaL1::TableRead); }, {},
         [this](int) { ReadingFailed(); });
-    catalogue.AcceptOnly(ReadingTable, accepts);
     catalogue.Add(
         StateRow{ReadingAgain, "r", TimeOut::S3},
         [this](const std::string& frame) { return ReadReply(frame, &MessaL1::TableReadAgain); }, {},

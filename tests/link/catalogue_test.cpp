@@ -71,6 +71,16 @@ std::string Sorted(std::string_view letters) {
 
 }  // namespace
 
+TEST(Catalogue, OnlyDiagnosisAndDownloadCountEveryLetterOfTheirRow) {
+    support::Machine m;
+    m.Start();
+    std::vector<int> alike;
+    for (const auto& [state, entry] : m.Link().catalogue.Rows()) {
+        if (entry.row.counting == Counting::Alike) alike.push_back(state);
+    }
+    EXPECT_EQ(alike, (std::vector<int>{79, 90, 91, 130, 131, 300}));
+}
+
 TEST(Catalogue, HoldsEveryStateWithItsRepliesAndItsSilence) {
     support::Machine m;
     m.Start();

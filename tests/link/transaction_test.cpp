@@ -158,6 +158,18 @@ TEST(Transaction, ReportsTheFailedStateAlsoWhenItsHandlerHadMovedOn) {
     EXPECT_EQ(b.Log(), "silent:901 ");
 }
 
+TEST(Transaction, CountsTheAwaitedLetterAloneUnlessTheRowCountsAllAlike) {
+    for (const Counting counting : {Counting::Awaited, Counting::Alike}) {
+        Bench b;
+        const Catalogue::Entry entry = *b.Link().catalogue.Find(Writing);
+        b.Link().catalogue.Add({Writing, "ws", TimeOut::P, counting}, entry.reply, entry.refused, entry.timeOut);
+        b.BeginWriting();
+        b.Take(Frame("sok"));
+        EXPECT_EQ(b.Log(), counting == Counting::Alike ? "reply:s " : "");
+        EXPECT_EQ(b.Sent(), b.First + (counting == Counting::Alike ? b.Second : ""));
+    }
+}
+
 TEST(Transaction, DropsAReplyThatComesTooLate) {
     Bench b;
     b.BeginWriting();
