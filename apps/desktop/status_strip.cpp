@@ -46,29 +46,34 @@ QString Printable(QString text) {
 
 }  // namespace
 
-ShortLabel::ShortLabel(QWidget* parent) : QWidget(parent) {
-    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+RunningLabel::RunningLabel(QWidget* parent, bool isShort) : QWidget(parent), short_(isShort) {
+    setSizePolicy(isShort ? QSizePolicy::Ignored : QSizePolicy::Preferred, QSizePolicy::Preferred);
 }
 
-void ShortLabel::Show(const pages::Control& control, const Look&) {
+void RunningLabel::Show(const pages::Control& control, const Look&) {
     SetText(Printable(Words(control.Text())));
 }
 
-void ShortLabel::SetText(const QString& text) {
+void RunningLabel::SetText(const QString& text) {
     if (text == text_) return;
+    const bool longer = text.size() > text_.size();
     text_ = text;
     update();
+    if (short_ || !longer) return;
+    const int wide = fontMetrics().horizontalAdvance(text_);
+    if (wide <= room_) return;
+    room_ = wide;
+    updateGeometry();
 }
 
-QSize ShortLabel::sizeHint() const {
-    return {0, fontMetrics().height()};
+QSize RunningLabel::sizeHint() const {
+    return {room_, fontMetrics().height()};
 }
 
-void ShortLabel::paintEvent(QPaintEvent*) {
+void RunningLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter,
-                     fontMetrics().elidedText(text_, Qt::ElideRight, width()));
+    painter.setPen(palette().color(short_ ? QPalette::PlaceholderText : QPalette::WindowText));
+    painter.drawText(rect(), Qt::AlignVCenter | (short_ ? Qt::AlignLeft : Qt::AlignRight), text_);
 }
 
 StatusStrip::StatusStrip(eculink::Link& link, const Look& look)
@@ -76,7 +81,7 @@ StatusStrip::StatusStrip(eculink::Link& link, const Look& look)
       look_(look),
       linkPicture_(new PictureView(this, PictureLines)),
       hint_(new QLabel(this)),
-      buffer_(new ShortLabel(this)),
+      buffer_(new RunningLabel(this, true)),
       recordingDot_(new Dot(this)) {
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins(4, 1, 4, 1);
@@ -98,7 +103,9 @@ StatusStrip::StatusStrip(eculink::Link& link, const Look& look)
     line->addWidget(buffer_, 1);
     line->addWidget(recordingDot_);
     line->addWidget(Panel(this, "VisReg"));
-    line->addWidget(Panel(this, "Campioni"));
+    auto* samples = new RunningLabel(this, false);
+    samples->setObjectName(QStringLiteral("Campioni"));
+    line->addWidget(samples);
     recordingDot_->hide();
     away_.setSingleShot(true);
     QObject::connect(&away_, &QTimer::timeout, this, [this] { Hint({}); });

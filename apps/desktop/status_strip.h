@@ -9,21 +9,26 @@
 
 namespace desktop {
 
-// A label that shows the beginning of a text too long for it, and never asks for more room.
-class ShortLabel : public QWidget, public Shows {
+// A label of one line whose text changes all the time: it asks for more room when its text has become longer, never for
+// less, so that nothing is laid out anew while figures run. One that is told to be short asks for no room at all and
+// shows the beginning of its text.
+class RunningLabel : public QWidget, public Shows {
     Q_OBJECT
   public:
-    explicit ShortLabel(QWidget* parent);
+    RunningLabel(QWidget* parent, bool isShort);
 
     void Show(const pages::Control& control, const Look& look) override;
     void SetText(const QString& text);
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
 
   private:
     QString text_;
+    bool short_;
+    int room_ = 0;
 };
 
 // The status bar: the link, the reception lamps, the unit, the recording; between them what the program has to say
@@ -45,7 +50,7 @@ class StatusStrip : public QWidget {
     const Look& look_;
     PictureView* linkPicture_;
     QLabel* hint_;
-    ShortLabel* buffer_;
+    RunningLabel* buffer_;
     QWidget* recordingDot_;
     QTimer away_;
     QString seenRecording_;

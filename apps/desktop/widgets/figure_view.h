@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QHash>
+#include <QPixmap>
 #include <QWidget>
 
 #include "desktop/widgets/shows.h"
@@ -26,11 +28,17 @@ class FigureView : public QWidget, public Shows {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    void SetInk(const Look& look);
+    void DrawWord(QPainter& painter);
+    void DrawFigure(QPainter& painter);
+    const QPixmap& CellOf(QChar character);
+
     QString text_;
     QColor ink_;
     QColor ground_;
     bool dimmed_ = false;
-    int cell_ = 0;  // width of a digit
+    int cell_ = 0;                 // width of a digit
+    QHash<QChar, QPixmap> cells_;  // each character is drawn once: figures change ten times a second
 };
 
 }  // namespace desktop

@@ -52,17 +52,31 @@ QSize LampView::sizeHint() const {
 }
 
 void LampView::paintEvent(QPaintEvent*) {
+    const int side = std::min(width(), height());
+    const qreal ratio = devicePixelRatioF();
+    QPixmap& lamp = drawn_[colour_];
+    if (lamp.size() != QSizeF(side * ratio, side * ratio).toSize()) lamp = Draw(side);
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     if (!isEnabled()) painter.setOpacity(PaleOpacity);
-    const double radius = std::min(width(), height()) / 2.0 - 1;
-    painter.translate(width() / 2.0, height() / 2.0);
+    painter.drawPixmap((width() - side) / 2, (height() - side) / 2, lamp);
+}
+
+QPixmap LampView::Draw(int side) const {
+    const qreal ratio = devicePixelRatioF();
+    QPixmap lamp(QSizeF(side * ratio, side * ratio).toSize());
+    lamp.setDevicePixelRatio(ratio);
+    lamp.fill(Qt::transparent);
+    QPainter painter(&lamp);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double radius = side / 2.0 - 1;
+    painter.translate(side / 2.0, side / 2.0);
     painter.scale(radius, radius);
     const bool lit = colour_ != "white";
     painter.setPen(QPen(frame_, 0.14));
     painter.setBrush(lit ? LampColour(colour_) : hollow_);
     painter.drawEllipse(QPointF(0, 0), 0.9, 0.9);
     if (lit) DrawMark(painter, colour_);
+    return lamp;
 }
 
 }  // namespace desktop

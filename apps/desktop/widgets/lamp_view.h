@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QPixmap>
 #include <QWidget>
+#include <map>
 
 #include "desktop/widgets/shows.h"
 
@@ -22,10 +24,14 @@ class LampView : public QWidget, public Shows {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    QPixmap Draw(int side) const;
+
     double lines_;
     std::string colour_ = "white";
     QColor frame_;
     QColor hollow_;
+    // Lamps flash all day: each of their looks is drawn once.
+    std::map<std::string, QPixmap> drawn_;
 };
 
 }  // namespace desktop
