@@ -39,7 +39,7 @@ void PageView::Bind(pages::Control& control) {
         index_.insert(area->viewport(), static_cast<int>(bound_.size()));
         area->viewport()->installEventFilter(this);
     }
-    bound_.push_back({&control, widget, &row});
+    bound_.push_back({&control, widget, &row, 0, {}});
 }
 
 QWidget* PageView::WidgetOf(const pages::Control& control) const {
@@ -50,7 +50,7 @@ QWidget* PageView::WidgetOf(const pages::Control& control) const {
 
 void PageView::SetNameOf(const pages::Control& label, const pages::Control& control) {
     for (Bound& bound : bound_) {
-        if (bound.control == &label) bound.named = WidgetOf(control);
+        if (bound.control == &label) bound.named.push_back(WidgetOf(control));
     }
 }
 
@@ -84,7 +84,7 @@ void PageView::Push(Bound& bound) {
         widget.setStatusTip(why);
     }
     if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
-    if (bound.named != nullptr) bound.named->setAccessibleName(Words(shell::CaptionPulita(control.Text())));
+    for (QWidget* named : bound.named) named->setAccessibleName(Words(shell::CaptionPulita(control.Text())));
 }
 
 void PageView::PushFocus() {

@@ -51,7 +51,7 @@ class PageView : public QObject {
         QWidget* widget;
         const KindRow* row;
         std::int64_t seen = 0;
-        QWidget* named = nullptr;  // the widget that this label names
+        std::vector<QWidget*> named;  // the widgets that this label names
     };
 
     void Bind(pages::Control& control);

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QLayout>
+#include <QScrollArea>
 #include <QStatusTipEvent>
 #include <algorithm>
 #include <array>
@@ -27,13 +28,26 @@ bool Runs(const PagePlan& plan) {
                        [](const pages::Control* bar) { return bar->Visible(); });
 }
 
+bool Refuses(const PagePlan& plan) {
+    return std::any_of(plan.rows.begin(), plan.rows.end(), [](const FieldRow& row) { return row.value->Refused(); });
+}
+
 const char* StripPicture(const pages::Page& page, const PagePlan& plan) {
     const pages::Control& strip = *plan.strip;
     if (strip.Text().empty()) return "";
     if (!page.Enabled() || Runs(plan)) return "busy";
+    if (Refuses(plan)) return "exclamation";
     const auto found = std::find_if(StripPictures.begin(), StripPictures.end(),
                                     [&](const StripRow& row) { return row.colour == strip.Colour(); });
     return found == StripPictures.end() ? plan.stripPicture : found->picture;
+}
+
+// What the window manager draws around a window.
+QMargins FrameOf(const QWidget& window) {
+    const QRect outside = window.frameGeometry();
+    const QRect inside = window.geometry();
+    return {inside.left() - outside.left(), inside.top() - outside.top(), outside.right() - inside.right(),
+            outside.bottom() - inside.bottom()};
 }
 
 }  // namespace
@@ -70,18 +84,20 @@ void Dialog::ShowStripPicture() {
 
 // What the message says of a refused value stands beside its field too, where the eye is.
 void Dialog::ShowLimits() {
-    for (const auto& [field, limits] : parts_.limits) {
-        if (limits->isHidden() == !field->Refused()) continue;
-        limits->setText(Words(plan_.strip->Text()));
-        limits->setVisible(field->Refused());
+    for (const LimitLabel& limits : parts_.limits) {
+        const bool refused = limits.field->Refused() && limits.field->Visible();
+        if (limits.words->isHidden() == !refused) continue;
+        limits.words->setText(Words(plan_.strip->Text()));
+        limits.words->setVisible(refused);
+        if (limits.unit != nullptr) view_.WidgetOf(*limits.unit)->setVisible(!refused && limits.unit->Visible());
     }
 }
 
 void Dialog::Present(QWidget& parent, const QRect& area) {
-    area_ = area;
     if (parentWidget() != &parent) setParent(&parent, windowFlags());
     Sync();
     if (isVisible()) return;
+    area_ = area.marginsRemoved(FrameOf(parent));
     Place();
     if (page_.Modal()) {
         open();
@@ -91,22 +107,43 @@ void Dialog::Present(QWidget& parent, const QRect& area) {
     }
 }
 
-// In the middle of the area, as large as the page wants or as it was left.
+// In the middle of the area, as large as the page wants or as the hand left it.
 void Dialog::Place() {
-    const QSize wanted = sizeHint().expandedTo(testAttribute(Qt::WA_Resized) ? size() : QSize());
-    resize(wanted.boundedTo(area_.size()));
-    FitHeight();
-    QRect frame(QPoint(0, 0), size());
-    frame.moveCenter(area_.center());
-    frame.moveTop(std::max(frame.top(), area_.top()));
-    move(frame.topLeft());
+    // What was shown or hidden while the window was hidden has told nobody, least of all through what scrolls.
+    for (QScrollArea* scroll : findChildren<QScrollArea*>()) {
+        if (QLayout* inside = scroll->widget()->layout(); inside != nullptr) inside->activate();
+        scroll->updateGeometry();
+    }
+    layout()->invalidate();
+    layout()->activate();
+    PutInMiddle(Wanted(0).expandedTo(byHand_));
 }
 
-// A text that has grown gets its lines.
-void Dialog::FitHeight() {
-    const QLayout& parts = *layout();
-    const int least = parts.hasHeightForWidth() ? parts.totalHeightForWidth(width()) : parts.totalSizeHint().height();
-    if (height() < least) resize(width(), std::min(least, std::max(area_.height(), height())));
+void Dialog::PutInMiddle(QSize size) {
+    placed_ = QRect(QPoint(0, 0), size.boundedTo(area_.size()));
+    placed_.moveCenter(area_.center());
+    placed_.moveTop(std::max(placed_.top(), area_.top()));
+    setGeometry(placed_);
+}
+
+// The size that the page wants, at this width or at its own, as far as the area is wide.
+QSize Dialog::Wanted(int wide) const {
+    QSize wanted = sizeHint();
+    wanted.setWidth(std::min(std::max(wide, wanted.width()), area_.width()));
+    if (layout()->hasHeightForWidth()) wanted.setHeight(layout()->totalHeightForWidth(wanted.width()));
+    return wanted.expandedTo(layout()->totalMinimumSize());
+}
+
+// A page that shows more than before gets its room, as far as the area allows.
+void Dialog::Grow() {
+    const QSize grown = size().expandedTo(Wanted(width()).boundedTo(area_.size()));
+    const bool middle = geometry().topLeft() == placed_.topLeft();
+    if (grown == (middle ? placed_.size() : size()) || grown == byHand_) return;
+    if (middle) return PutInMiddle(grown);
+    QRect inside(geometry().topLeft(), grown);
+    inside.moveRight(std::min(inside.right(), area_.right()));
+    inside.moveBottom(std::min(inside.bottom(), area_.bottom()));
+    setGeometry(inside);
 }
 
 bool Dialog::event(QEvent* event) {
@@ -115,8 +152,18 @@ bool Dialog::event(QEvent* event) {
         return true;
     }
     const bool taken = QDialog::event(event);
-    if (event->type() == QEvent::LayoutRequest && isVisible()) FitHeight();
+    if (event->type() == QEvent::LayoutRequest && isVisible()) Grow();
     return taken;
+}
+
+// A size that the hand has given is kept.
+void Dialog::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    if (!event->spontaneous()) {
+        given_ = event->size();
+    } else if (isVisible() && event->size() != given_) {
+        byHand_ = event->size();
+    }
 }
 
 void Dialog::closeEvent(QCloseEvent* event) {

@@ -26,6 +26,7 @@ class Dialog : public QDialog {
 
   protected:
     bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -34,7 +35,9 @@ class Dialog : public QDialog {
     void ShowStripPicture();
     void ShowLimits();
     void Place();
-    void FitHeight();
+    void PutInMiddle(QSize size);
+    QSize Wanted(int wide) const;
+    void Grow();
 
     pages::Page& page_;
     Hands& hands_;
@@ -43,6 +46,9 @@ class Dialog : public QDialog {
     PageView view_;
     DialogParts parts_;
     QRect area_;
+    QRect placed_;  // where the page put the window last, in the middle
+    QSize given_;   // the size that the program gave it last
+    QSize byHand_;  // what the hand made of it
 };
 
 }  // namespace desktop

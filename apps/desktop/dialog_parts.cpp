@@ -1,29 +1,39 @@
 #include "desktop/dialog_parts.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QProgressBar>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
+#include "desktop/widgets/caption_label.h"
 #include "desktop/widgets/card_grid.h"
-#include "desktop/widgets/grid_view.h"
+#include "desktop/widgets/curve_view.h"
+#include "desktop/widgets/gauge_view.h"
 
 namespace desktop {
 
 namespace {
 
 constexpr double HeadingScale = 1.25;
+constexpr int HeadingChars = 50;
+constexpr int FewHeadingChars = 16;
 constexpr double MessageScale = 1.15;
 constexpr int MessageChars = 44;  // least width of a message, in characters
-constexpr int LimitChars = 12;
-constexpr int ListChars = 36;
 constexpr double StripPictureLines = 1.6;
 constexpr double MessagePictureLines = 3;
 constexpr double LivePoints = 20;
-constexpr int LiveChars = 4;
+constexpr int LiveChars = 5;
+// Of figures in a line.
+constexpr double FewPoints = 18;
+constexpr int FewChars = 4;
 constexpr int Spacing = 10;
 constexpr int PageMargin = 16;
-enum Column { Caption, Initial, Value, Unit, Limits, ColumnCount };
+// The least that is shown of what scrolls.
+constexpr int ScrollChars = 80;
+constexpr int ScrollLines = 6;
 
 void Scale(QWidget& widget, double factor, bool bold = false) {
     QFont font = widget.font();
@@ -40,15 +50,41 @@ QString Name(const pages::Control& control) {
     return QString::fromStdString(control.Name());
 }
 
-// As large as what it holds, and with bars where the screen is too small for it.
+// As large as what it holds, and with bars where the screen is too small for it. A bar that comes takes no room from
+// what is shown.
 class Scroll : public QScrollArea {
   public:
     explicit Scroll(QWidget* inside) {
         setFrameShape(NoFrame);
         setWidgetResizable(true);
         setWidget(inside);
+        QSizePolicy folds(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        folds.setHeightForWidth(true);
+        setSizePolicy(folds);
     }
-    QSize sizeHint() const override { return widget()->sizeHint(); }
+    QSize sizeHint() const override {
+        const int wide = widget()->sizeHint().width() + Bar();
+        return {wide, heightForWidth(wide)};
+    }
+    QSize minimumSizeHint() const override {
+        const QSize inside = widget()->minimumSizeHint();
+        return {std::min(inside.width() + Bar(), fontMetrics().averageCharWidth() * ScrollChars),
+                std::min(inside.height(), fontMetrics().height() * ScrollLines)};
+    }
+    int heightForWidth(int width) const override {
+        const QLayout& inside = *widget()->layout();
+        return inside.hasHeightForWidth() ? inside.totalHeightForWidth(width - Bar()) : widget()->sizeHint().height();
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool taken = QScrollArea::eventFilter(watched, event);
+        if (event->type() == QEvent::LayoutRequest) updateGeometry();
+        return taken;
+    }
+
+  private:
+    int Bar() const { return verticalScrollBar()->sizeHint().width(); }
 };
 
 }  // namespace
@@ -62,13 +98,18 @@ DialogParts DialogBuilder::Build() {
     auto* column = new QVBoxLayout(&dialog_);
     column->setContentsMargins(PageMargin, PageMargin, PageMargin, PageMargin);
     column->setSpacing(Spacing);
-    for (const pages::Control* heading : plan_.headings) {
-        Scale(WidgetOf(*heading), HeadingScale, true);
-        column->addWidget(&WidgetOf(*heading));
-    }
-    AddTexts(*column);
-    if (plan_.liveAbove) AddLive(*column);
-    AddMiddle(*column);
+    auto* top = new QHBoxLayout;
+    top->setSpacing(2 * Spacing);
+    auto* main = new QVBoxLayout;
+    main->setSpacing(Spacing);
+    AddHeading(*main);
+    AddTexts(*main);
+    if (plan_.liveAbove && live_ != nullptr) main->addWidget(live_);
+    AddTools(*main);
+    AddFields(*main);
+    top->addLayout(main, 1);
+    AddSide(*top);
+    column->addLayout(top, 1);
     for (const pages::Control* bar : plan_.progress) column->addWidget(&WidgetOf(*bar));
     AddStrip(*column);
     AddButtons(*column);
@@ -81,12 +122,84 @@ void DialogBuilder::MakeSpecials() {
         auto* bar = new QProgressBar(&dialog_);
         bar->setObjectName(Name(*control));
     }
-    if (plan_.live.empty()) return;
-    live_ = new CardGrid(&dialog_, plan_.liveAbove ? static_cast<int>(plan_.live.size()) : 1, LivePoints, LiveChars);
+    if (!plan_.live.empty()) MakeLive();
+    if (!plan_.gauge.empty()) MakeGauge();
+}
+
+void DialogBuilder::MakeLive() {
+    live_ = new CardGrid(&dialog_, plan_.liveAbove ? static_cast<int>(plan_.live.size()) : 1,
+                         plan_.liveAbove ? FewPoints : LivePoints, plan_.liveAbove ? FewChars : LiveChars);
     for (const LiveFigure& live : plan_.live) {
         live_->Add(Name(*live.label), Name(*live.figure), live.unit == nullptr ? QString() : Name(*live.unit));
     }
     live_->SetLive(true, look_);
+}
+
+// The chart of a gauge is a curve, its label of digits a bar.
+void DialogBuilder::MakeGauge() {
+    gauge_ = new GaugeView(&dialog_);
+    for (const pages::Control* control : plan_.gauge) {
+        QWidget* part = nullptr;
+        if (control->GetKind() == pages::Kind::Chart) part = new CurveView(gauge_);
+        if (control->GetKind() == pages::Kind::Label && control->Name().rfind("Barra", 0) == 0)
+            part = new QProgressBar(gauge_);
+        if (part != nullptr) part->setObjectName(Name(*control));
+    }
+}
+
+void DialogBuilder::FillGauge() {
+    CurveView* curve = nullptr;
+    std::vector<QWidget*> lamps;
+    std::vector<QWidget*> below;
+    for (const pages::Control* control : plan_.gauge) {
+        QWidget& widget = WidgetOf(*control);
+        if (control->GetKind() == pages::Kind::Chart) {
+            curve = static_cast<CurveView*>(&widget);
+        } else if (control->GetKind() == pages::Kind::Lamp) {
+            lamps.push_back(&widget);
+        } else {
+            below.push_back(&widget);
+        }
+    }
+    if (curve != nullptr) gauge_->SetParts(*curve, std::move(lamps), std::move(below));
+}
+
+void DialogBuilder::AddHeading(QVBoxLayout& column) {
+    auto* line = new QHBoxLayout;
+    for (const pages::Control* heading : plan_.headings) {
+        Scale(WidgetOf(*heading), HeadingScale, true);
+        static_cast<CaptionLabel&>(WidgetOf(*heading)).SetRoom(HeadingChars, FewHeadingChars);
+        line->addWidget(&WidgetOf(*heading), 1);
+    }
+    if (plan_.selector != nullptr) {
+        line->addWidget(&WidgetOf(*plan_.selector));
+        for (const pages::Control* heading : plan_.headings) view_.SetNameOf(*heading, *plan_.selector);
+    }
+    if (line->count() > 0) {
+        column.addLayout(line);
+    } else {
+        delete line;
+    }
+}
+
+// In pairs, a button and its twin for the initial values; those without one beside them.
+void DialogBuilder::AddTools(QVBoxLayout& column) {
+    constexpr int Pair = 2;
+    if (plan_.pairs.empty() && plan_.tools.empty()) return;
+    auto* line = new QHBoxLayout;
+    line->setSpacing(Spacing);
+    auto* pairs = new QGridLayout;
+    pairs->setHorizontalSpacing(Spacing);
+    pairs->setVerticalSpacing(Spacing / 2);
+    int place = 0;
+    for (const pages::Control* tool : plan_.pairs) {
+        pairs->addWidget(&WidgetOf(*tool), place / Pair, place % Pair);
+        ++place;
+    }
+    line->addLayout(pairs);
+    for (const pages::Control* tool : plan_.tools) line->addWidget(&WidgetOf(*tool), 0, Qt::AlignTop);
+    line->addStretch(1);
+    column.addLayout(line);
 }
 
 void DialogBuilder::AddTexts(QVBoxLayout& column) {
@@ -105,101 +218,29 @@ void DialogBuilder::AddTexts(QVBoxLayout& column) {
     column.addLayout(line, plan_.message ? 1 : 0);
 }
 
-void DialogBuilder::AddLive(QVBoxLayout& column) {
-    if (live_ != nullptr) column.addWidget(live_);
-}
-
-void DialogBuilder::AddMiddle(QVBoxLayout& column) {
-    auto* middle = new QHBoxLayout;
-    middle->setSpacing(2 * Spacing);
-    if (QWidget* fields = MakeFields()) middle->addWidget(new Scroll(fields), 1);
-    if (!plan_.side.empty() || (live_ != nullptr && !plan_.liveAbove)) {
-        auto* side = new QVBoxLayout;
-        if (!plan_.liveAbove) AddLive(*side);
-        for (const pages::Control* control : plan_.side) side->addWidget(&WidgetOf(*control));
-        side->addStretch();
-        middle->addLayout(side);
+void DialogBuilder::AddFields(QVBoxLayout& column) {
+    FieldsBuilder fields(dialog_, view_, plan_, look_);
+    QWidget* inside = fields.Build();
+    parts_.limits = fields.TakeLimits();
+    if (inside != nullptr) {
+        column.addWidget(new Scroll(inside), 1);
+    } else if (!plan_.message) {
+        column.addStretch(1);
     }
-    column.addLayout(middle, 1);
 }
 
-// Null when the page has nothing to edit or choose.
-QWidget* DialogBuilder::MakeFields() {
-    if (plan_.rows.empty() && plan_.wide.empty() && plan_.axes.grid == nullptr) return nullptr;
-    auto* inside = new QWidget(&dialog_);
-    auto* grid = new QGridLayout(inside);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(PageMargin);
-    grid->setVerticalSpacing(Spacing);
-    grid->setColumnStretch(Caption, 1);
-    int row = 0;
-    for (const auto& [head, at] : {std::pair{plan_.heads.initial, Initial}, std::pair{plan_.heads.value, Value}}) {
-        if (head != nullptr) grid->addWidget(&WidgetOf(*head), row, at, Qt::AlignRight);
+void DialogBuilder::AddSide(QHBoxLayout& line) {
+    const bool live = live_ != nullptr && !plan_.liveAbove;
+    if (plan_.side.empty() && gauge_ == nullptr && !live) return;
+    auto* side = new QVBoxLayout;
+    if (gauge_ != nullptr) {
+        FillGauge();
+        side->addWidget(gauge_);
     }
-    ++row;
-    for (const FieldRow& fields : plan_.rows) AddRow(*grid, row++, fields);
-    row = AddAxes(*grid, row);
-    row = AddWide(*grid, row);
-    grid->setRowStretch(row, plan_.rows.empty() && plan_.axes.grid == nullptr ? 0 : 1);
-    return inside;
-}
-
-void DialogBuilder::AddRow(QGridLayout& grid, int row, const FieldRow& fields) {
-    const auto put = [&](pages::Control* control, Column column) {
-        if (control != nullptr) grid.addWidget(&WidgetOf(*control), row, column);
-    };
-    put(fields.label, Caption);
-    put(fields.initial, Initial);
-    put(fields.value, Value);
-    put(fields.unit, Unit);
-    if (fields.label != nullptr) {
-        if (auto* caption = qobject_cast<QLabel*>(&WidgetOf(*fields.label)))
-            caption->setBuddy(&WidgetOf(*fields.value));
-        view_.SetNameOf(*fields.label, *fields.value);
-    }
-    if (fields.value->GetKind() != pages::Kind::Field) return;
-    auto* limits = new QLabel(&dialog_);
-    limits->setTextFormat(Qt::PlainText);
-    SetLeastChars(*limits, LimitChars);
-    QPalette palette = limits->palette();
-    palette.setColor(QPalette::WindowText, look_.theme.bad);
-    limits->setPalette(palette);
-    limits->hide();
-    grid.addWidget(limits, row, Limits);
-    parts_.limits.emplace_back(fields.value, limits);
-}
-
-int DialogBuilder::AddAxes(QGridLayout& grid, int row) {
-    const Axes& axes = plan_.axes;
-    if (axes.grid == nullptr) return row;
-    auto& table = static_cast<GridView&>(WidgetOf(*axes.grid));
-    const auto widgets = [this](const std::vector<pages::Control*>& controls) {
-        std::vector<QWidget*> out;
-        for (const pages::Control* control : controls) out.push_back(&WidgetOf(*control));
-        return out;
-    };
-    table.SetAxes(widgets(axes.columns), widgets(axes.rows));
-    table.SetSurface(plan_.surface);
-    table.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
-    auto* captions = new QHBoxLayout;
-    if (axes.rowCaption != nullptr) captions->addWidget(&WidgetOf(*axes.rowCaption), 1);
-    if (axes.columnCaption != nullptr) captions->addWidget(&WidgetOf(*axes.columnCaption), 1);
-    grid.addLayout(captions, row, Caption, 1, ColumnCount);
-    grid.addWidget(&table, row + 1, Caption, 1, ColumnCount);
-    return row + 2;
-}
-
-int DialogBuilder::AddWide(QGridLayout& grid, int row) {
-    const pages::Control* caption = nullptr;
-    for (const pages::Control* wide : plan_.wide) {
-        QWidget& widget = WidgetOf(*wide);
-        const bool label = wide->GetKind() == pages::Kind::Label;
-        if (wide->GetKind() == pages::Kind::List) SetLeastChars(widget, ListChars);
-        grid.addWidget(&widget, row++, Caption, 1, ColumnCount);
-        if (!label && caption != nullptr) view_.SetNameOf(*caption, *wide);
-        caption = label ? wide : nullptr;
-    }
-    return row;
+    if (live) side->addWidget(live_);
+    for (const pages::Control* control : plan_.side) side->addWidget(&WidgetOf(*control));
+    side->addStretch();
+    line.addLayout(side);
 }
 
 void DialogBuilder::AddStrip(QVBoxLayout& column) {
@@ -212,7 +253,7 @@ void DialogBuilder::AddStrip(QVBoxLayout& column) {
     text.setMinimumHeight(parts_.stripPicture->sizeHint().height());
     SetLeastChars(text, MessageChars);
     strip->addWidget(&text, 1);
-    column.addLayout(strip, plan_.message ? 1 : 0);
+    column.addLayout(strip);
 }
 
 void DialogBuilder::AddButtons(QVBoxLayout& column) {
@@ -225,7 +266,6 @@ void DialogBuilder::AddButtons(QVBoxLayout& column) {
         widget.setMinimumHeight(widget.fontMetrics().height() * 2);
         line->addWidget(&widget);
     }
-    column.addSpacing(Spacing);
     column.addLayout(line);
 }
 

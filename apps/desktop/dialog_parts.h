@@ -1,26 +1,24 @@
 #pragma once
 
 #include <QDialog>
-#include <QLabel>
-#include <utility>
-#include <vector>
 
 #include "desktop/binder.h"
+#include "desktop/dialog_fields.h"
 #include "desktop/layout.h"
 #include "desktop/widgets/picture_view.h"
 
-class QGridLayout;
 class QHBoxLayout;
 class QVBoxLayout;
 
 namespace desktop {
 
 class CardGrid;
+class GaugeView;
 
 // What a dialog goes on changing after it has been built.
 struct DialogParts {
     PictureView* stripPicture = nullptr;
-    std::vector<std::pair<const pages::Control*, QLabel*>> limits;  // beside each field: why its value was refused
+    LimitLabels limits;
 };
 
 // Fills the window of a page as its plan says.
@@ -32,13 +30,14 @@ class DialogBuilder {
 
   private:
     void MakeSpecials();
+    void MakeLive();
+    void MakeGauge();
+    void AddHeading(QVBoxLayout& column);
     void AddTexts(QVBoxLayout& column);
-    void AddLive(QVBoxLayout& column);
-    void AddMiddle(QVBoxLayout& column);
-    QWidget* MakeFields();
-    void AddRow(QGridLayout& grid, int row, const FieldRow& fields);
-    int AddWide(QGridLayout& grid, int row);
-    int AddAxes(QGridLayout& grid, int row);
+    void AddTools(QVBoxLayout& column);
+    void AddFields(QVBoxLayout& column);
+    void AddSide(QHBoxLayout& line);
+    void FillGauge();
     void AddStrip(QVBoxLayout& column);
     void AddButtons(QVBoxLayout& column);
     QWidget& WidgetOf(const pages::Control& control) const { return *view_.WidgetOf(control); }
@@ -49,6 +48,7 @@ class DialogBuilder {
     const Look& look_;
     DialogParts parts_;
     CardGrid* live_ = nullptr;
+    GaugeView* gauge_ = nullptr;
 };
 
 }  // namespace desktop

@@ -142,8 +142,8 @@ QWidget* GraficiView::BuildWaiting() {
     auto* sheet = new Sheet(this);
     waiting_ = sheet;
     auto* column = new QVBoxLayout(sheet);
-    column->setContentsMargins(4 * Margin, 2 * Margin, 2 * Margin, 2 * Margin);
-    column->setSpacing(2 * Margin);
+    column->setContentsMargins(4 * Margin, Margin, 2 * Margin, Margin);
+    column->setSpacing(Margin);
     column->addStretch();
     waitingPicture_ = new PictureView(sheet, WaitingPictureLines);
     column->addWidget(waitingPicture_, 0, Qt::AlignLeft);

@@ -10,6 +10,7 @@
 #include <cstdlib>
 
 #include "desktop/binder.h"
+#include "desktop/widgets/caption_label.h"
 #include "desktop/widgets/chart_view.h"
 #include "desktop/widgets/choice_box.h"
 #include "desktop/widgets/field_edit.h"
@@ -42,17 +43,20 @@ void PushShows(const Control& control, QWidget& widget, const Look& look) {
 }
 
 QWidget* MakeLabel(const Control&, QWidget* parent) {
-    auto* label = new QLabel(parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
+    return new CaptionLabel(parent);
+}
+
+// Captions are written with blanks around and before their colon, which must not stand in a line by itself.
+QString LabelText(const std::string& text) {
+    constexpr QChar Unbreakable(0x00A0);
+    return Words(platform::Trim(text)).replace(QStringLiteral(" :"), Unbreakable + QStringLiteral(":"));
 }
 
 void PushLabel(const Control& control, QWidget& widget, const Look& look) {
     if (ShowsItself(control, widget, look)) return;
     if (auto* bar = qobject_cast<QProgressBar*>(&widget)) return bar->setValue(std::atoi(control.Text().c_str()));
     auto* label = qobject_cast<QLabel*>(&widget);
-    const QString text = Words(control.Text());
+    const QString text = LabelText(control.Text());
     if (label != nullptr && label->text() != text) label->setText(text);
 }
 

@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QMenuBar>
-#include <QStatusBar>
 #include <QStatusTipEvent>
 #include <QVBoxLayout>
 
@@ -27,15 +26,14 @@ MainWindow::MainWindow(eculink::Link& link, Hands& hands, const Look& look)
     column->setSpacing(0);
     column->addWidget(tools_);
     column->addWidget(grafici_, 1);
+    column->addWidget(status_);
     setCentralWidget(centre);
-    statusBar()->setSizeGripEnabled(false);
-    statusBar()->addWidget(status_, 1);
     view_.BindAll();
 }
 
 QRect MainWindow::PageArea() const {
-    const QRect inside = centralWidget()->geometry();
-    return {mapToGlobal(inside.topLeft()), inside.size()};
+    const QRect inside = tools_->geometry() | grafici_->geometry();
+    return {centralWidget()->mapToGlobal(inside.topLeft()), inside.size()};
 }
 
 void MainWindow::Sync() {

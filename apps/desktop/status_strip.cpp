@@ -73,7 +73,11 @@ QSize RunningLabel::sizeHint() const {
 void RunningLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setPen(palette().color(short_ ? QPalette::PlaceholderText : QPalette::WindowText));
-    painter.drawText(rect(), Qt::AlignVCenter | (short_ ? Qt::AlignLeft : Qt::AlignRight), text_);
+    if (short_) {
+        painter.drawText(rect(), Qt::AlignVCenter, fontMetrics().elidedText(text_, Qt::ElideRight, width()));
+    } else {
+        painter.drawText(rect(), Qt::AlignVCenter | Qt::AlignRight, text_);
+    }
 }
 
 StatusStrip::StatusStrip(eculink::Link& link, const Look& look)

@@ -38,8 +38,8 @@ QWidget* Divider(QWidget* parent, const QColor& colour) {
 ToolStrip::ToolStrip(shell::Shell& shell, MenuViews& menus, Hands& hands, const Look& look)
     : shell_(shell), menus_(menus), hands_(hands), look_(look) {
     auto* line = new QHBoxLayout(this);
-    line->setContentsMargins(4, 2, 4, 2);
-    line->setSpacing(1);
+    line->setContentsMargins(2, 2, 2, 2);
+    line->setSpacing(0);
     for (const shell::ToolItem& item : shell.main.tools) {
         if (StartsGroup(item.row->key)) {
             line->addWidget(Divider(this, look.theme.line));

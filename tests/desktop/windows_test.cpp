@@ -79,6 +79,43 @@ TEST(Windows, ClosingTheMainWindowEndsTheProgram) {
     EXPECT_EQ(shop.program.shell.state.exitStatus, 0);
 }
 
+// A page that shows less than the one before it is small again; what it shows more it has room for.
+TEST(Windows, APageIsAsLargeAsWhatItShows) {
+    constexpr int FullLoad = 3;
+    constexpr int OverSpeed = 4;
+    constexpr int Releases = 7;
+    Workshop shop;
+    shop.BeginLive();
+    pages::Page& page = shop.program.tuning.messaP;
+    const auto open = [&](int entry) {
+        shop.Choose(MenuId::MenuPunto, entry);
+        shop.RunUntil([&] { return shop.program.link.state.StatoCmd == eculink::Idle; }, 60000);
+        shop.Pass(1000);
+        Workshop::Settle();
+        return shop.Window(page).geometry();
+    };
+    const auto close = [&] {
+        shop.Stack().ClosePage(page);
+        shop.Pass(10000);
+    };
+    const QRect large = open(FullLoad);
+    close();
+    const QRect small = open(OverSpeed);
+    EXPECT_LT(small.height(), large.height() / 2);
+    close();
+    const QRect list = open(Releases);
+    shop.Stack().Press(*page.Find("TastoRil"));
+    shop.Pass(1000);
+    Workshop::Settle();
+    const QRect table = shop.Window(page).geometry();
+    EXPECT_GT(table.width(), list.width());
+    const QPoint middle = shop.windows.Main().PageArea().center();
+    for (const QRect& shown : {large, small, list, table}) {
+        EXPECT_NEAR(shown.center().x(), middle.x(), 1);
+        EXPECT_NEAR(shown.center().y(), middle.y(), 1);
+    }
+}
+
 TEST(Windows, AReadThatRunsShowsHowFarItIs) {
     Workshop shop;
     ASSERT_TRUE(shop.Start());

@@ -29,10 +29,17 @@ struct Workshop : support::Simulated {
         Run(milliseconds);
         windows.Sync();
     }
+    // What the windows have asked for in turn, one thing after the other.
+    static void Settle() {
+        constexpr int Turns = 4;
+        for (int turn = 0; turn < Turns; ++turn) QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    }
     pages::PageStack& Stack() { return program.shell.stack; }
     // Opens a page as its menu entry does.
     void Choose(shell::MenuId menu, int index) {
-        ASSERT_TRUE(shell::ChooseMenu(program.shell, menu, index).ok);
+        const pages::Outcome outcome = shell::ChooseMenu(program.shell, menu, index);
+        ASSERT_TRUE(outcome.ok) << Text(std::string(pages::ReasonKey(outcome.why)).c_str(), "MOTIVI") << " "
+                                << Stack().Open().back()->Name() << index;
         windows.Sync();
     }
     desktop::Dialog& Window(const pages::Page& page) { return *windows.Of(page); }

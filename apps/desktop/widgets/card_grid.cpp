@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <limits>
 #include <numeric>
 
 namespace desktop {
@@ -130,9 +131,11 @@ std::vector<Card*> CardGrid::Shown() const {
     return shown;
 }
 
-int CardGrid::UnitWidth() const {
+// Figures that stand above one another end at one edge: their units have room for the widest of them.
+int CardGrid::UnitWidth(const Card& card) const {
+    if (columns_ >= static_cast<int>(cards_.size())) return card.UnitWidth();
     int widest = 0;
-    for (const Card* card : cards_) widest = std::max(widest, card->UnitWidth());
+    for (const Card* other : cards_) widest = std::max(widest, other->UnitWidth());
     return widest;
 }
 
@@ -143,10 +146,9 @@ int CardGrid::Rows(std::size_t cards) const {
 // What each column needs at least: a name may be longer than its figure.
 std::vector<int> CardGrid::WidthsFor(double points, const std::vector<Card*>& shown) const {
     std::vector<int> widths(static_cast<std::size_t>(columns_), 0);
-    const int unitWidth = UnitWidth();
     for (std::size_t i = 0; i < shown.size(); ++i) {
         int& width = widths[i % widths.size()];
-        width = std::max(width, shown[i]->SizeFor(points, unitWidth).width());
+        width = std::max(width, shown[i]->SizeFor(points, UnitWidth(*shown[i])).width());
     }
     return widths;
 }
@@ -161,9 +163,11 @@ void CardGrid::Arrange() {
     for (int& wide : widths) wide += std::max(0, spare / columns_);
     const int rows = Rows(shown.size());
     const int high = (height() - (rows - 1) * Gap) / rows;
-    const int unitWidth = UnitWidth();
-    const int least = *std::min_element(widths.begin(), widths.end());
-    const int figure = shown.front()->LargestFigure({least, high}, unitWidth);
+    int figure = std::numeric_limits<int>::max();
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const QSize place(widths[i % widths.size()], high);
+        figure = std::min(figure, shown[i]->LargestFigure(place, UnitWidth(*shown[i])));
+    }
     int left = 0;
     for (std::size_t i = 0; i < shown.size(); ++i) {
         const std::size_t column = i % widths.size();
@@ -171,7 +175,7 @@ void CardGrid::Arrange() {
         const int row = static_cast<int>(i / widths.size());
         shown[i]->setGeometry(left, row * (high + Gap), widths[column], high);
         shown[i]->Figure().SetFigureSize(figure);
-        shown[i]->Arrange(unitWidth);
+        shown[i]->Arrange(UnitWidth(*shown[i]));
         left += widths[column] + Gap;
     }
     updateGeometry();
@@ -187,7 +191,7 @@ QSize CardGrid::SizeFor(double points) const {
     const std::vector<int> widths = WidthsFor(points, shown);
     const int rows = Rows(shown.size());
     return {std::accumulate(widths.begin(), widths.end(), 0) + (columns_ - 1) * Gap,
-            rows * shown.front()->SizeFor(points, UnitWidth()).height() + (rows - 1) * Gap};
+            rows * shown.front()->SizeFor(points, 0).height() + (rows - 1) * Gap};
 }
 
 QSize CardGrid::minimumSizeHint() const {

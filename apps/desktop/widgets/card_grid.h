@@ -20,7 +20,7 @@ class Card : public QFrame {
     Card(CardGrid& grid, const QString& name, const QString& figure, const QString& unit);
 
     FigureView& Figure() const { return *figure_; }
-    // Where figure and unit stand; `unitWidth` is the same in all cards.
+    // Where figure and unit stand; `unitWidth` is the same in all cards of a column.
     void Arrange(int unitWidth);
     // The largest figure, in pixels, that fits a card of this size.
     int LargestFigure(QSize size, int unitWidth) const;
@@ -73,7 +73,7 @@ class CardGrid : public QWidget {
   private:
     std::vector<Card*> Shown() const;
     int Rows(std::size_t cards) const;
-    int UnitWidth() const;
+    int UnitWidth(const Card& card) const;
     std::vector<int> WidthsFor(double points, const std::vector<Card*>& shown) const;
     QSize SizeFor(double points) const;
 

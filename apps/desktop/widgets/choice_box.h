@@ -12,6 +12,8 @@ class ChoiceBox : public QComboBox {
   public:
     explicit ChoiceBox(QWidget* parent) : QComboBox(parent) { setSizeAdjustPolicy(AdjustToContents); }
 
+    // An entry is never cut.
+    QSize minimumSizeHint() const override { return sizeHint(); }
     void SetMarks(const Marks& marks, const Theme& theme);
 
   protected:

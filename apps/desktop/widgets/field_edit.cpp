@@ -1,5 +1,6 @@
 #include "desktop/widgets/field_edit.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <algorithm>
 
@@ -24,12 +25,9 @@ void FieldEdit::Show(const pages::Control& control, const Look& look) {
     if (longest != maxLength()) setMaxLength(longest);
     // The core pads its figures on the left; the eye and the caret want the figure alone.
     ShowText(figure ? Words(platform::Trim(control.Text())) : Words(control.Text()));
-    const int characters = figure ? FewCharacters : ManyCharacters;
-    if (characters != characters_) {
-        characters_ = characters;
-        updateGeometry();
-    }
+    SetRoom(figure ? FewCharacters : ManyCharacters);
     theme_ = &look.theme;
+    ShowLocked(control.Locked());
     if (marks_ == MarksOf(control)) return;
     // What is refused will be typed anew.
     if (control.Refused() && !marks_.refused) selectAll();
@@ -46,9 +44,27 @@ void FieldEdit::ShowText(const QString& shown) {
     setCursorPosition(std::max(0, static_cast<int>(shown.size()) - fromEnd));
 }
 
+// What is only shown has room for all of it: nobody can move about in it.
+void FieldEdit::SetRoom(int characters) {
+    int room = fontMetrics().horizontalAdvance(QLatin1Char('0')) * characters + 2 * Marks::Width;
+    if (isReadOnly()) room = std::max(room, fontMetrics().horizontalAdvance(text()) + Marks::Width);
+    if (room == room_) return;
+    room_ = room;
+    updateGeometry();
+}
+
+// A value that cannot be edited stands quietly on the ground of the window.
+void FieldEdit::ShowLocked(bool locked) {
+    if (backgroundRole() == (locked ? QPalette::Window : QPalette::Base)) return;
+    setBackgroundRole(locked ? QPalette::Window : QPalette::Base);
+    QPalette quiet = QApplication::palette();
+    quiet.setColor(QPalette::Base, theme_->window);
+    quiet.setColor(QPalette::Text, theme_->quiet);
+    setPalette(locked ? quiet : QPalette());
+}
+
 QSize FieldEdit::sizeHint() const {
-    const QSize base = QLineEdit::sizeHint();
-    return {fontMetrics().horizontalAdvance(QLatin1Char('0')) * characters_ + 2 * Marks::Width, base.height()};
+    return {room_, QLineEdit::sizeHint().height()};
 }
 
 void FieldEdit::paintEvent(QPaintEvent* event) {

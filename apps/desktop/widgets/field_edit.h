@@ -22,10 +22,12 @@ class FieldEdit : public QLineEdit, public Shows {
 
   private:
     void ShowText(const QString& shown);
+    void SetRoom(int characters);
+    void ShowLocked(bool locked);
 
     Marks marks_;
     const Theme* theme_ = nullptr;
-    int characters_ = 0;  // that it has room for
+    int room_ = 0;  // pixels for its text
 };
 
 }  // namespace desktop

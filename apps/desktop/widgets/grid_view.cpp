@@ -14,9 +14,11 @@ namespace desktop {
 namespace {
 
 constexpr int MarkFrame = 3;
-constexpr int CellPadding = 14;
+constexpr int CellPadding = 10;
+constexpr int RowPadding = 4;
 constexpr int MostRowsShown = 16;
-constexpr int LeastRowsShown = 4;
+constexpr int FewRows = 4;  // of a table that must be scrolled
+constexpr int LeastRowsShown = 1;
 
 std::size_t Index(int number) {
     return static_cast<std::size_t>(number);
@@ -27,6 +29,14 @@ const std::string& CellText(const pages::Cells& cells, int row, int column) {
     if (row < 0 || Index(row) >= cells.size()) return none;
     const auto& line = cells[Index(row)];
     return column < 0 || Index(column) >= line.size() ? none : line[Index(column)];
+}
+
+QString Shown(const std::string& text) {
+    return Words(platform::Trim(text));
+}
+// Figures are short: the words above them stand one below the other.
+QString HeaderText(const std::string& text) {
+    return Shown(text).replace(QLatin1Char(' '), QLatin1Char('\n'));
 }
 
 int ColumnsOf(const pages::Cells& cells) {
@@ -105,7 +115,9 @@ GridView::GridView(QWidget* parent) : QTableWidget(parent) {
     horizontalHeader()->setSectionsClickable(false);
     verticalHeader()->setSectionsClickable(false);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + RowPadding);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
 }
 
 void GridView::SetAxes(std::vector<QWidget*> columns, std::vector<QWidget*> rows) {
@@ -158,20 +170,19 @@ void GridView::Fill(const pages::Control& control, const Look& look) {
         PlaceAxes();
     }
     bool wider = reshaped;
-    const auto put = [&](QTableWidgetItem* item, const std::string& text) {
-        const QString shown = Words(platform::Trim(text));
+    const auto put = [&](QTableWidgetItem* item, const QString& shown) {
         if (item->text() == shown) return;
         wider = wider || shown.size() > item->text().size();
         item->setText(shown);
     };
     for (int column = 0; headerRows_ > 0 && column < columns; ++column) {
         if (horizontalHeaderItem(column) == nullptr) setHorizontalHeaderItem(column, new QTableWidgetItem);
-        put(horizontalHeaderItem(column), CellText(cells, 0, column + headerColumns_));
+        put(horizontalHeaderItem(column), HeaderText(CellText(cells, 0, column + headerColumns_)));
     }
     for (int row = 0; row < rows; ++row) {
         if (headerColumns_ > 0) {
             if (verticalHeaderItem(row) == nullptr) setVerticalHeaderItem(row, new QTableWidgetItem);
-            put(verticalHeaderItem(row), CellText(cells, row + headerRows_, 0));
+            put(verticalHeaderItem(row), Shown(CellText(cells, row + headerRows_, 0)));
         }
         for (int column = 0; column < columns; ++column) {
             QTableWidgetItem* cell = item(row, column);
@@ -186,7 +197,7 @@ void GridView::Fill(const pages::Control& control, const Look& look) {
                 }
                 setItem(row, column, cell);
             }
-            put(cell, CellText(cells, row + headerRows_, column + headerColumns_));
+            put(cell, Shown(CellText(cells, row + headerRows_, column + headerColumns_)));
         }
     }
     if (wider) FitColumns();
@@ -194,11 +205,11 @@ void GridView::Fill(const pages::Control& control, const Look& look) {
 
 // As wide as the widest text of each column; the columns of a table with axes are alike and fill its width.
 void GridView::FitColumns() {
+    const auto wide = [this](const QTableWidgetItem* item) {
+        return item == nullptr ? 0 : fontMetrics().size(0, item->text()).width();
+    };
     std::vector<int> widths;
     for (int column = 0; column < columnCount(); ++column) {
-        const auto wide = [this](const QTableWidgetItem* item) {
-            return item == nullptr ? 0 : fontMetrics().horizontalAdvance(item->text());
-        };
         int widest = wide(horizontalHeaderItem(column));
         for (int row = 0; row < rowCount(); ++row) widest = std::max(widest, wide(item(row, column)));
         widths.push_back(widest + CellPadding);
@@ -209,6 +220,7 @@ void GridView::FitColumns() {
     for (int column = 0; column < columnCount(); ++column) {
         setColumnWidth(column, columnAxis_.empty() ? widths[Index(column)] : most);
     }
+    if (!columnAxis_.empty()) setColumnWidth(0, std::max(most, viewport()->width() - (columnCount() - 1) * most));
     updateGeometry();
 }
 
@@ -234,15 +246,16 @@ void GridView::Shade(const pages::Control& control, const Look& look) {
 
 QSize GridView::sizeHint() const {
     const int frame = 2 * frameWidth();
-    const int header = horizontalHeader()->isVisible() ? horizontalHeader()->sizeHint().height() : 0;
+    const int header = !horizontalHeader()->isHidden() ? horizontalHeader()->sizeHint().height() : 0;
     const int rows = std::clamp(rowCount(), LeastRowsShown, MostRowsShown);
-    const int side = verticalHeader()->isVisible() ? verticalHeader()->sizeHint().width() : 0;
+    const int side = !verticalHeader()->isHidden() ? verticalHeader()->sizeHint().width() : 0;
     return {side + horizontalHeader()->length() + frame,
             header + rows * verticalHeader()->defaultSectionSize() + frame};
 }
 
 QSize GridView::minimumSizeHint() const {
-    const int rows = std::min(rowCount(), LeastRowsShown);
+    if (whole_) return sizeHint();
+    const int rows = std::min(rowCount(), FewRows);
     return {std::min(sizeHint().width(), fontMetrics().averageCharWidth() * 30),
             horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize()};
 }

@@ -19,6 +19,8 @@ class GridView : public QTableWidget, public Shows {
     void SetAxes(std::vector<QWidget*> columns, std::vector<QWidget*> rows);
     // Colours the cells by their figures, the lowest to the highest; the figures stay readable.
     void SetSurface(bool surface) { surface_ = surface; }
+    // Never scrolls by itself: what it stands in does.
+    void SetWhole() { whole_ = true; }
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -40,6 +42,7 @@ class GridView : public QTableWidget, public Shows {
     std::vector<QWidget*> columnAxis_;
     std::vector<QWidget*> rowAxis_;
     bool surface_ = false;
+    bool whole_ = false;
     bool locked_ = false;
     bool digits_ = false;
     std::size_t maxLength_ = 0;
