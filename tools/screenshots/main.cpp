@@ -7,6 +7,7 @@
 #include <iostream>
 #include <stdexcept>
 
+#include "desktop/layout_rules.h"
 #include "desktop/windows.h"
 #include "platform/ini_file.h"
 #include "shell/menus.h"
@@ -65,7 +66,9 @@ class Studio {
     void Pass(std::int64_t milliseconds) {
         set_.Run(milliseconds);
         windows_->Sync();
-        QCoreApplication::sendPostedEvents();
+        // Windows settle in turns: what is inside tells what is around it.
+        constexpr int Turns = 4;
+        for (int turn = 0; turn < Turns; ++turn) QCoreApplication::sendPostedEvents();
     }
 
     // Every entry whose page exists; the name tells the entries of one page apart.
@@ -107,9 +110,44 @@ class Studio {
         set_.RunUntil([this] { return Program().link.state.StatoCmd == eculink::Idle; }, Patience);
         Pass(Settle);
         SaveOpen(shot.name);
+        ShootTables(shot.name);
+        ShootEdits(shot.name);
         while (Program().shell.stack.Open().size() > 2)
             Program().shell.stack.ClosePage(*Program().shell.stack.Open().back());
         Pass(Settle);
+    }
+
+    // The tables of the page, behind the buttons that have a twin for the initial values.
+    void ShootTables(const std::string& name) {
+        pages::Page& page = *Program().shell.stack.Open().back();
+        for (pages::Control* control : page.Controls()) {
+            const bool opens = control->GetKind() == pages::Kind::Button && control->Visible() &&
+                               page.Find(control->Name() + std::string(desktop::TwinEnding)) != nullptr;
+            if (!opens) continue;
+            Program().shell.stack.Press(*control);
+            Pass(Settle);
+            SaveOpen(name + "-" + control->Name());
+            Program().shell.stack.Press(*control);
+            Pass(0);
+        }
+    }
+
+    // The first figure of the page changed, then the same refused.
+    void ShootEdits(const std::string& name) {
+        pages::PageStack& stack = Program().shell.stack;
+        pages::Page& page = *stack.Open().back();
+        pages::Control* figure = page.Focus();
+        const bool number = figure != nullptr && figure->GetKind() == pages::Kind::Field &&
+                            figure->filter == pages::KeyFilter::Digits && figure->beside.initial != nullptr;
+        if (!number) return;
+        for (const auto& [ending, text] : {std::pair{"-changed", ""}, std::pair{"-refused", "9999999"}}) {
+            const bool typed = *text != '\0';
+            const int next = std::atoi(figure->Text().c_str()) + 1;
+            stack.Edit(*figure, typed ? text : std::to_string(next));
+            stack.Key(page, "Enter");
+            Pass(Settle);
+            SaveOpen(name + ending);
+        }
     }
 
     // A question and the box of the system, and a menu.
