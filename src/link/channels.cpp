@@ -90,6 +90,7 @@ void ConvertSignal(Record& record, int channel, double valoreMAP) {
     const auto c = static_cast<std::size_t>(channel);
     if (!IsNumeric(record.Grezzo[c])) {
         record.Valore[c].assign(ValueWidth, '*');
+        record.Grezzo[c].assign(RawWidth, '*');
         return;
     }
     const double raw = ValoreNum(record.Grezzo[c]);
@@ -160,6 +161,11 @@ void ConvertWords(Link& link) {
     record.Valore[Pompata] = FixedText(PumpName(link, record.Grezzo[Pompata].back()), ValueWidth);
 }
 
+void Remember(History& history, const Record& sample) {
+    history.position = (history.position + 1) % HistoryPlaces;
+    history.samples[static_cast<std::size_t>(history.position)] = sample;
+}
+
 }  // namespace
 
 std::string FixedText(std::string_view text, std::size_t width) {
@@ -194,6 +200,8 @@ void AzzeraDati(Link& link) {
         channel.Minimo = {};
         channel.Massimo = {};
     }
+    link.history.position = -1;
+    for (Record& sample : link.history.samples) sample.Progressivo = 0;
     link.state.refresh = true;
 }
 
@@ -210,6 +218,7 @@ void AggiornaCanali(Link& link, double valoreMAP) {
         Widen(link.DescrCanale[c], RawView, record.Grezzo[c]);
     }
     if (record.Progressivo < INT32_MAX) ++record.Progressivo;
+    Remember(link.history, record);
 }
 
 void NuovaScala(ChannelInfo& channel, int view) {

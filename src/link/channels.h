@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace eculink {
 
@@ -45,6 +47,15 @@ struct Record {
     std::int32_t Progressivo = 0;
 };
 
+inline constexpr int HistoryPlaces = 621;  // what the chart shows, twice over
+
+// The latest samples, those of calibration steps too: a ring, of which `position` is the newest place, -1 when there is
+// none. A place whose count is 0 is empty.
+struct History {
+    std::vector<Record> samples{HistoryPlaces};
+    int position = -1;
+};
+
 // One channel as instruments and charts show it; pairs are by view.
 struct ChannelInfo {
     std::string Nome;                   // at most 20 characters
@@ -70,8 +81,8 @@ struct Link;
 void CaricaCanali(Link& link);
 // A new run: texts and counts empty, working scales as configured, running limits gone.
 void AzzeraDati(Link& link);
-// Second stage of a live frame: engineering texts, running limits, automatic scales, count. `valoreMAP` is the pressure
-// field as a number before any conversion.
+// Second stage of a live frame: engineering texts, running limits, automatic scales, count, history. `valoreMAP` is the
+// pressure field as a number before any conversion.
 void AggiornaCanali(Link& link, double valoreMAP);
 // The automatic scale of one channel and view from its running limits.
 void NuovaScala(ChannelInfo& channel, int view);

@@ -63,7 +63,7 @@ Grafici::Grafici(Link& owner) : Page("Grafici"), link_(owner) {
     }
     LedC.SetColour("white");
     for (const auto& lamp : Led) lamp->SetColour("white");
-    Commu.SetIndex(0);
+    Commu.SetIndex(UnknownPosition);
     // Closing by hand is refused as long as nothing is on the chart, unless the main window itself is closing.
     whyNotClose = [this] {
         return link_.shell.state.InChiusura == shell::True ? pages::Reason::None : pages::Reason::NothingChosen;
@@ -75,14 +75,19 @@ void Grafici::Opening() {
     for (int view = 0; view < Views; ++view) {
         Visualizzo[view].SetText(link_.shell.TestoLingua("VISUALIZZO." + std::to_string(view), "GRAFICI"));
     }
+    CommuTesto.SetText(link_.shell.TestoLingua("COMMUT." + std::to_string(Commu.Index()), "GRAFICI"));
     LoadNames(link_);
     ShowViewButtons(link_);
-    link_.state.PaginaStrumenti = shell::True;
-    link_.state.refresh = true;
+    SetInstrumentsInView(link_, true);
 }
 
 void Grafici::Closed() {
-    link_.state.PaginaStrumenti = shell::False;
+    SetInstrumentsInView(link_, false);
+}
+
+void SetInstrumentsInView(Link& link, bool inView) {
+    link.state.PaginaStrumenti = shell::Flag(inView);
+    if (inView) link.state.refresh = true;
 }
 
 void AggiornaPagina(Link& link) {

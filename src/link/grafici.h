@@ -49,6 +49,8 @@ struct Grafici : pages::Page {
 
 // Instruments and switch replica after each tick, when something new has arrived.
 void AggiornaPagina(Link& link);
+// The instruments are open at their normal size, or have been closed or shrunk; what nobody sees is not refreshed.
+void SetInstrumentsInView(Link& link, bool inView);
 // Shows the other view of every channel.
 void CambiaUnita(Link& link, int view);
 

@@ -36,8 +36,6 @@ bool Holds(Link& link) {
     return true;
 }
 
-constexpr int SwitchCells = 3;  // known positions of the switch; the cell behind them stands for any other
-
 struct CentreRow {
     char digit;
     const char* colour;
@@ -119,8 +117,10 @@ void ShowCentre(Link& link, char digit) {
     timer.SetEnabled(row.blinks);
 }
 
+constexpr char NoDigit = ' ';
+
 void ShowSwitch(Link& link, char digit) {
-    const int cell = digit >= '0' && digit < '0' + SwitchCells ? digit - '0' : SwitchCells;
+    const int cell = digit >= '0' && digit < '0' + UnknownPosition ? digit - '0' : UnknownPosition;
     link.grafici.Commu.SetIndex(cell);
     link.grafici.CommuTesto.SetText(link.shell.TestoLingua("COMMUT." + std::to_string(cell), "GRAFICI"));
 }
@@ -168,7 +168,8 @@ void MarkBadFrame(Link& link) {
 
 void MarkLost(Link& link) {
     SetRx(link, White, White, RxLost);
-    // The replica of a switch that nobody hears is dark.
+    // The replica of a switch that nobody hears is dark, and where it stands is not known.
+    ShowSwitch(link, NoDigit);
     ShowRow(link, {});
     ShowCentre(link, CentreOff.digit);
 }

@@ -4,6 +4,8 @@ namespace eculink {
 
 struct Link;
 
+inline constexpr int UnknownPosition = 3;  // of the switch; the cells in front of it are the known ones
+
 // Reception lamps of the main window.
 void MarkGoodFrame(Link& link);
 void MarkBadFrame(Link& link);

@@ -32,6 +32,7 @@ Link::Link(shell::Shell& owner) : shell(owner) {
     timers.Lampeggio = MakeTimer(*this, BlinkInterval, AnimateRow);
     timers.LampeggioC = MakeTimer(*this, BlinkInterval, AnimateCentre);
     timers.Checks = MakeTimer(*this, CheckInterval, ShowWaiting);
+    timers.Reopening = MakeTimer(*this, CheckInterval, OpenAgain);
     shell.stack.Register(grafici);
     shell.hooks.ApriPorta = [this] { return ApriPorta(*this); };
     shell.hooks.resolutionChanged.push_back([this] { state.refresh = true; });

@@ -22,7 +22,7 @@ inline constexpr int FailureLimit = 200;        // ms, from a failure inside a h
 inline constexpr int StreamLimit = 4000;        // ms without an accepted live frame
 inline constexpr int ProcessingInterval = 100;  // ms; one frame a tick
 inline constexpr int BlinkInterval = 500;       // ms
-inline constexpr int CheckInterval = 1000;      // ms, of the reasons why no unit is heard
+inline constexpr int CheckInterval = 1000;      // ms, of what is looked at while no unit is heard
 
 // State of the link; flags are -1 and 0.
 struct State {
@@ -52,6 +52,7 @@ struct State {
     int unanswered = 0;               // identifications in a row without a reply
     bool heard = false;               // a unit has been recognised since the start of the program
     bool portFailed = false;          // the last opening failed
+    bool portBarred = false;          // since it did: the device was absent, forbidden or busy
     std::string shownPort;            // what the words of the link last stood for
     int shownWord = -1;
 };
@@ -80,7 +81,8 @@ struct LinkTimers {
     std::unique_ptr<platform::Timer> TimeOutDati;
     std::unique_ptr<platform::Timer> Lampeggio;
     std::unique_ptr<platform::Timer> LampeggioC;
-    std::unique_ptr<platform::Timer> Checks;
+    std::unique_ptr<platform::Timer> Checks;     // says why no unit is heard
+    std::unique_ptr<platform::Timer> Reopening;  // of a port that failed
 };
 
 // The ECU link: port, receive buffer, transactions, live picture.
@@ -93,6 +95,7 @@ struct Link {
     shell::Shell& shell;
     State state;
     Record RecCanali;
+    History history;
     std::array<ChannelInfo, AllChannels> DescrCanale;
     Catalogue catalogue;
     LiveHooks live;

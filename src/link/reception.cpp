@@ -1,5 +1,6 @@
 #include "link/reception.h"
 
+#include <algorithm>
 #include <array>
 
 #include "link/frames/build.h"
@@ -73,7 +74,9 @@ bool IsLive(const std::string& frame) {
 }
 
 void ShowBuffer(Link& link) {
-    link.shell.main.Label1.SetText(link.state.BufferRx);
+    constexpr std::size_t Shown = 256;  // of a backlog its end tells more than its beginning
+    const std::string& buffer = link.state.BufferRx;
+    link.shell.main.Label1.SetText(buffer.substr(buffer.size() - std::min(buffer.size(), Shown)));
 }
 
 void Dispatch(Link& link, const std::string& frame) {
@@ -85,8 +88,6 @@ void Dispatch(Link& link, const std::string& frame) {
     }
 }
 
-}  // namespace
-
 bool OpenPort(Link& link) {
     platform::SerialPort& port = link.shell.host.port;
     if (port.PortOpen()) port.Close();
@@ -95,14 +96,33 @@ bool OpenPort(Link& link) {
     link.state.framesReceived = 0;
     link.state.lastByteAt = NowMs(link);
     if (number > 0) port.SetDevice(shell::DeviceOfPort(link.shell, number));
-    const bool open = number > 0 && port.SetSettings(PortSettings(link.shell.state.serial)) && port.Open();
+    const bool legal = number > 0 && port.SetSettings(PortSettings(link.shell.state.serial));
+    const bool open = legal && port.Open();
     if (!open && port.PortOpen()) port.Close();
     link.state.portFailed = !open;
+    link.timers.Reopening->SetEnabled(legal && !open);
     return open;
+}
+
+// Whether it can be seen from outside why the port does not open.
+bool PortBarred(const Link& link) {
+    platform::PortProbe& probe = link.shell.host.probe;
+    const std::string device = link.shell.host.port.Device();
+    const platform::PortFacts facts = probe.Look(device);
+    return !facts.present || !facts.permitted || !probe.HolderOf(device).empty();
+}
+
+}  // namespace
+
+void OpenAgain(Link& link) {
+    const bool barred = PortBarred(link);
+    if (!barred && link.state.portBarred) OpenPort(link);
+    link.state.portBarred = link.state.portBarred || barred;
 }
 
 int ApriPorta(Link& link) {
     if (OpenPort(link)) return 0;
+    link.state.portBarred = PortBarred(link);
     link.shell.Beep();
     link.shell.systemMessage.Show(link.shell.TestoLingua("TITOLO_1", "ERRORI"),
                                   link.shell.TestoLingua("ERRORE_2", "ERRORI"));

@@ -9,8 +9,9 @@ struct Link;
 // Opens the port as the settings say; 0 on success. A failure beeps, shows the system's message box and leaves the port
 // shut.
 int ApriPorta(Link& link);
-// The same without a word, when the device of a port that failed has come.
-bool OpenPort(Link& link);
+// Opens a port that failed, without a word, once nothing bars it any more: its device was absent, forbidden or held by
+// another program, and now is not. A port that failed for no such reason stays shut.
+void OpenAgain(Link& link);
 // The port's event: what has arrived joins the receive buffer.
 void Received(Link& link);
 // Takes at most one frame out of the buffer and hands it on.

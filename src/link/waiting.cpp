@@ -4,7 +4,6 @@
 #include <string>
 
 #include "link/link.h"
-#include "link/reception.h"
 #include "shell/settings.h"
 
 namespace eculink {
@@ -18,6 +17,7 @@ constexpr std::int64_t FreshBytes = 3000;  // ms; older ones say nothing about t
 // Everything that the checks look at, gathered once.
 struct Facts {
     platform::PortFacts port;
+    std::string holder;  // of a port that failed
     const Link& link;
     std::int64_t silentFor;  // ms since the last byte
 };
@@ -40,7 +40,7 @@ std::string User(const Facts& facts) {
     return facts.port.user;
 }
 std::string Holder(const Facts& facts) {
-    return facts.port.busyBy;
+    return facts.holder;
 }
 std::string Settings(const Facts& facts) {
     const shell::SerialTexts& s = facts.link.shell.state.serial;
@@ -64,8 +64,7 @@ bool Hears(const Facts& facts) {
 constexpr std::array<Check, 7> Checks{{
     {Obstacle::PortAbsent, 0, [](const Facts& f) { return !f.port.present; }, Device, Device},
     {Obstacle::NoRights, 1, [](const Facts& f) { return !f.port.permitted; }, Device, Group},
-    {Obstacle::Busy, 2, [](const Facts& f) { return f.link.state.portFailed && !f.port.busyBy.empty(); }, Device,
-     Holder},
+    {Obstacle::Busy, 2, [](const Facts& f) { return !f.holder.empty(); }, Device, Holder},
     {Obstacle::NotOpened, 6, [](const Facts& f) { return f.link.state.portFailed; }, Device, Settings},
     {Obstacle::Unanswered, 5, [](const Facts& f) { return f.link.state.unanswered > 0 && Hears(f); }, Unanswered,
      Device},
@@ -75,8 +74,10 @@ constexpr std::array<Check, 7> Checks{{
 }};
 
 Facts Gather(const Link& link) {
-    const platform::SerialPort& port = link.shell.host.port;
-    return {link.shell.host.probe.Look(port.Device()), link, NowMs(link) - link.state.lastByteAt};
+    const std::string device = link.shell.host.port.Device();
+    platform::PortProbe& probe = link.shell.host.probe;
+    return {probe.Look(device), link.state.portFailed ? probe.HolderOf(device) : std::string(), link,
+            NowMs(link) - link.state.lastByteAt};
 }
 
 const Check* FirstThatHolds(const Facts& facts) {
@@ -94,12 +95,6 @@ bool Waiting(const Link& link) {
 
 std::string PortName(const Link& link) {
     return "COM" + std::to_string(shell::PortNumber(link.shell));
-}
-
-// A port that failed works again, without a word, once its device has come.
-void OpenAgain(Link& link, const Facts& facts) {
-    if (link.state.portFailed && facts.port.present && facts.port.permitted && facts.port.busyBy.empty())
-        OpenPort(link);
 }
 
 void ShowSentence(Link& link, pages::Label& label, const char* family, const Check* check, const std::string& first,
@@ -143,9 +138,7 @@ Obstacle FindObstacle(const Link& link) {
 
 void ShowWaiting(Link& link) {
     if (!Waiting(link)) return;
-    const Facts facts = Gather(link);
-    OpenAgain(link, facts);
-    ShowCheck(link, facts);
+    ShowCheck(link, Gather(link));
 }
 
 void ShowLinkState(Link& link) {

@@ -86,6 +86,8 @@ constexpr auto TimerRows = std::to_array<NamedTimer>({
     {"TimeOutDati", OfTimers<&Timers::TimeOutDati>},
     {"Lampeggio", OfTimers<&Timers::Lampeggio>},
     {"LampeggioC", OfTimers<&Timers::LampeggioC>},
+    {"Checks", OfTimers<&Timers::Checks>},
+    {"Reopening", OfTimers<&Timers::Reopening>},
     {"TVis", [](const Program& p) -> const platform::Timer& { return *p.tuning.messaL1.TVis; }},
 });
 

@@ -279,7 +279,8 @@ TEST(Interpreter, StateNamesEveryVariable) {
                              "CartellaProg", "BufferRx", "ComandoTx", "pointer"}) {
         EXPECT_TRUE(state[name].is_string()) << name;
     }
-    for (const char* name : {"Elaborazione", "TimeOutComandi", "TimeOutDati", "Lampeggio", "LampeggioC"}) {
+    for (const char* name :
+         {"Elaborazione", "TimeOutComandi", "TimeOutDati", "Lampeggio", "LampeggioC", "Checks", "Reopening"}) {
         EXPECT_TRUE(state["timers"][name]["enabled"].is_boolean()) << name;
         EXPECT_TRUE(state["timers"][name]["interval"].is_number_integer()) << name;
     }

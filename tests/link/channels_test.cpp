@@ -94,6 +94,10 @@ TEST(AggiornaCanali, StarsTheOneSignalThatCannotBeReadAndKeepsItsLimits) {
             const bool starred = other == channel || (other == P1 && channel == Map);
             if (other == P1 && channel == Map) continue;  // worked out from the pressure below
             EXPECT_EQ(e.Value(other) == "********", starred) << channel << " " << other;
+            // The second pressure has no raw text without its sensor.
+            if (other != P1) {
+                EXPECT_EQ(e.Raw(other) == "****", starred) << channel << " " << other;
+            }
         }
         EXPECT_EQ(e.Info(channel).Minimo, low);
         EXPECT_EQ(e.Info(channel).Massimo, high);
@@ -169,6 +173,33 @@ TEST(AggiornaCanali, KeepsTheExtremesOfBothViewsAndRescalesWhatLeavesItsScale) {
     EXPECT_FALSE(e.Info(Giri).Minimo[0].has_value());
     EXPECT_EQ(e.Link().RecCanali.Progressivo, 0);
     EXPECT_EQ(e.Value(Giri), "        ");
+}
+
+TEST(History, KeepsTheLatestSamplesInARing) {
+    Engine e;
+    const History& history = e.Link().history;
+    EXPECT_EQ(history.position, -1);
+    LiveFrame f;
+    f.giri = "1234";
+    e.Take(f.Short());
+    EXPECT_EQ(history.position, 0);
+    EXPECT_EQ(history.samples[0].Progressivo, 1);
+    EXPECT_EQ(history.samples[0].Valore[Giri], "    1234");
+    EXPECT_EQ(history.samples[1].Progressivo, 0) << "an empty place";
+    e.Shell().state.FaseAcq = 1;
+    e.Take(f.Short());
+    EXPECT_EQ(history.position, 1) << "a calibration step does not hold it up";
+    e.Shell().state.FaseAcq = shell::NoPhase;
+    for (int i = 2; i < HistoryPlaces; ++i) e.Take(f.Short());
+    EXPECT_EQ(history.position, 620);
+    f.giri = "4321";
+    e.Take(f.Short());
+    EXPECT_EQ(history.position, 0) << "behind the last place comes the first";
+    EXPECT_EQ(history.samples[0].Progressivo, 622);
+    EXPECT_EQ(history.samples[0].Grezzo[Giri], "4321");
+    AzzeraDati(e.Link());
+    EXPECT_EQ(history.position, -1);
+    for (const Record& sample : history.samples) EXPECT_EQ(sample.Progressivo, 0);
 }
 
 TEST(NuovaScala, HoldsEveryExtremeWithoutLeavingItsNumbers) {
@@ -260,7 +291,7 @@ TEST(AggiornaPagina, ScalesProbeThrottleAndLevelInTheReducedDisplay) {
     };
     for (const Case& c :
          {Case{2, "1023", "R  255"}, Case{2, " 205", "R   51"}, Case{1, " 470", "R  255"}, Case{1, "1023", "R  255"},
-          Case{1, " 235", "R  128"}, Case{0, "1023", "R 1023"}, Case{2, "????", "R ????"}}) {
+          Case{1, " 235", "R  128"}, Case{0, "1023", "R 1023"}, Case{2, "????", "R ****"}}) {
         Engine e;
         e.State().TipoSondaLambda = c.probe;
         LiveFrame f;
@@ -286,11 +317,12 @@ TEST(AggiornaPagina, RestsWhileTheInstrumentsAreClosedOrAStepRuns) {
     LiveFrame f;
     f.giri = "3000";
     f.digit1 = '2';
-    e.State().PaginaStrumenti = shell::False;
+    SetInstrumentsInView(e.Link(), false);
+    EXPECT_EQ(e.State().PaginaStrumenti, shell::False);
     e.Take(f.Short());
     EXPECT_EQ(e.Link().grafici.DatiMot[Giri].Text(), " 850");
     EXPECT_EQ(e.Link().grafici.Commu.Index(), 0);
-    e.State().PaginaStrumenti = shell::True;
+    SetInstrumentsInView(e.Link(), true);
     e.Tick();
     EXPECT_EQ(e.Link().grafici.DatiMot[Giri].Text(), "3000");
     EXPECT_EQ(e.Link().grafici.Commu.Index(), 2);

@@ -85,6 +85,8 @@ TEST(ReceptionLamps, FollowGoodAndBadFrames) {
 
 TEST(LampadeStato, ShowsThePositionOfTheSwitch) {
     Dashboard d;
+    EXPECT_EQ(d.Link().grafici.Commu.Index(), 3) << "nobody has told where it stands";
+    EXPECT_EQ(d.Link().grafici.CommuTesto.Text(), d.Text("COMMUT.3", "GRAFICI"));
     for (const auto& [digit, cell] : {std::pair{'0', 0}, {'1', 1}, {'2', 2}, {'3', 3}, {'7', 3}, {'x', 3}, {'0', 0}}) {
         d.Digits(digit, '0', '1', '0');
         EXPECT_EQ(d.Link().grafici.Commu.Index(), cell) << digit;
@@ -181,6 +183,8 @@ TEST(LampadeStato, DarkensTheReplicaOfALostUnit) {
     Dashboard d;
     d.Digits('1', '3', '0', '4');
     StreamLost(d.Link());
+    EXPECT_EQ(d.Link().grafici.Commu.Index(), 3);
+    EXPECT_EQ(d.Link().grafici.CommuTesto.Text(), d.Text("COMMUT.3", "GRAFICI"));
     for (int i = 0; i < 3; ++i) {
         d.Run(BlinkInterval);
         EXPECT_EQ(d.Row(), "----");
@@ -188,6 +192,7 @@ TEST(LampadeStato, DarkensTheReplicaOfALostUnit) {
     }
     d.BecomeReady();
     d.Digits('1', '3', '0', '4');
+    EXPECT_EQ(d.Link().grafici.Commu.Index(), 1);
     EXPECT_EQ(d.Row(), "G---") << "the unit that comes back shows the same digits anew";
     EXPECT_EQ(d.Centre(), 'R');
 }

@@ -118,6 +118,41 @@ TEST(Port, WorksWithoutAWordWhenTheDeviceComesLater) {
     EXPECT_EQ(started, 1);
 }
 
+TEST(Port, IsOpenedAgainOnlyAfterItWasAbsentForbiddenOrBusy) {
+    struct Case {
+        const char* name;
+        platform::PortFacts facts;
+        const char* holder;
+        const char* parity;
+        bool again;
+    };
+    for (const Case& c : {Case{"absent", {false, true, "", ""}, "", "Nessuna", true},
+                          Case{"forbidden", {true, false, "", ""}, "", "Nessuna", true},
+                          Case{"busy", {true, true, "", ""}, "altro", "Nessuna", true},
+                          Case{"nothing to be seen", {true, true, "", ""}, "", "Nessuna", false},
+                          Case{"settings that no port takes", {false, true, "", ""}, "", "N", false}}) {
+        Wired w;
+        w.AddLanguages();
+        w.WriteFile("CONFIG.INI", w.Config(std::string("PARITA=") + c.parity + "\r\n"));
+        w.host.probe.facts = c.facts;
+        w.host.probe.holder = c.holder;
+        w.host.line.RefuseOpening(true);
+        w.Start();
+        EXPECT_EQ(w.Link().timers.Reopening->Enabled(), std::string(c.parity) != "N") << c.name;
+        w.host.probe.facts = {};
+        w.host.probe.holder.clear();
+        w.Run(5000);
+        w.host.line.RefuseOpening(false);
+        w.Run(2000);
+        EXPECT_EQ(w.Port().PortOpen(), c.again) << c.name;
+        if (!c.again) continue;
+        EXPECT_FALSE(w.Link().timers.Reopening->Enabled()) << c.name;
+        const int searches = w.host.probe.searches;
+        w.Run(5000);
+        EXPECT_EQ(w.host.probe.searches, searches) << "nobody is looked for while the port is open";
+    }
+}
+
 TEST(Port, IsSilentWhileItsCableIsPulledAndHearsAgain) {
     Wired w;
     w.Start();
@@ -138,7 +173,8 @@ TEST(Port, IsSilentWhileItsCableIsPulledAndHearsAgain) {
 TEST(Waiting, SaysWhyNoUnitIsHeardWorstFirst) {
     Wired w;
     w.host.line.RefuseOpening(true);
-    w.host.probe.facts = {false, false, "dialout", "mario", "altro"};
+    w.host.probe.facts = {false, false, "dialout", "mario"};
+    w.host.probe.holder = "altro";
     w.Start();
     w.Shell().stack.Press(w.Shell().systemMessage.OK);
     w.Run(1000);
@@ -151,7 +187,7 @@ TEST(Waiting, SaysWhyNoUnitIsHeardWorstFirst) {
     w.host.probe.facts.permitted = true;
     w.Run(1000);
     EXPECT_TRUE(w.Says(2, "/dev/ttyS0", "altro"));
-    w.host.probe.facts.busyBy.clear();
+    w.host.probe.holder.clear();
     w.Run(1000);
     EXPECT_TRUE(w.Says(6, "/dev/ttyS0", "38400 Nessuna 8 1"));
     w.host.line.RefuseOpening(false);

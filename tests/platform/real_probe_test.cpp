@@ -5,6 +5,7 @@
 #ifdef __linux__
 
 #include <fcntl.h>
+#include <signal.h>
 #include <stdlib.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -14,6 +15,7 @@
 #include <string>
 
 #include "support/plain_user.h"
+#include "support/temporary_folder.h"
 
 namespace platform::real {
 
@@ -80,13 +82,37 @@ TEST(RealProbe, TellsWhoHoldsTheDeviceAndNeverCountsItself) {
     EXPECT_TRUE(facts.permitted);
     EXPECT_FALSE(facts.user.empty());
     EXPECT_FALSE(facts.group.empty());
-    EXPECT_EQ(facts.busyBy, "");
+    EXPECT_EQ(probe.HolderOf(device.Name()), "");
 
     ASSERT_TRUE(device.HoldElsewhere());
-    EXPECT_EQ(probe.Look(device.Name()).busyBy, "test_platform");
+    EXPECT_EQ(probe.HolderOf(device.Name()), "test_platform");
     device.Release();
-    EXPECT_EQ(probe.Look(device.Name()).busyBy, "");
+    EXPECT_EQ(probe.HolderOf(device.Name()), "");
     close(own);
+}
+
+// The system's own short names end after 15 characters.
+TEST(RealProbe, NamesTheHolderInFull) {
+    const Device device;
+    const support::TemporaryFolder folder;
+    const std::filesystem::path program = folder.Path() / "un programma dal nome lungo";
+    std::filesystem::copy_file("/bin/sleep", program);
+    const pid_t child = fork();
+    if (child == 0) {
+        if (open(device.Name().c_str(), O_RDWR | O_NOCTTY) >= 0)
+            execl(program.c_str(), program.c_str(), "60", static_cast<char*>(nullptr));
+        _exit(1);
+    }
+    RealProbe probe;
+    std::string holder;
+    // Until the child has become the other program it bears the name of this one.
+    for (int i = 0; i < 1000 && holder != program.filename(); ++i) {
+        holder = probe.HolderOf(device.Name());
+        usleep(1000);
+    }
+    EXPECT_EQ(holder, program.filename());
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
 }
 
 TEST(RealProbe, AMissingDeviceIsAbsentAndALockedOneForbidden) {
@@ -94,7 +120,7 @@ TEST(RealProbe, AMissingDeviceIsAbsentAndALockedOneForbidden) {
     for (const char* missing : {"/dev/no-such-device", "", "/dev/null/inside"}) {
         const PortFacts facts = probe.Look(missing);
         EXPECT_FALSE(facts.present) << missing;
-        EXPECT_EQ(facts.busyBy, "") << missing;
+        EXPECT_EQ(probe.HolderOf(missing), "") << missing;
     }
     const Device device;
     ASSERT_EQ(chmod(device.Name().c_str(), 0), 0);

@@ -44,26 +44,21 @@ bool HoldsOpen(const fs::path& process, const fs::path& device) {
     });
 }
 
+// The system keeps a name of its own, cut to 15 characters; the whole of it is the one among the words of the command
+// line that begins like it, which for a script is the script. A program without a command line has only the short one.
 std::string ProgramName(const fs::path& process) {
-    std::string name;
+    std::string shortName;
     std::ifstream comm(process / "comm");
-    std::getline(comm, name);
-    return name.empty() ? process.filename().string() : name;
-}
-
-std::string HolderOf(const std::string& device) {
-    std::error_code error;
-    const fs::path real = fs::canonical(device, error);
-    if (error) return {};
-    const std::string own = std::to_string(getpid());
-    std::string holder;
-    AnyEntry(Processes, [&](const fs::path& process) {
-        const std::string pid = process.filename().string();
-        if (!IsNumber(pid) || pid == own || !HoldsOpen(process, real)) return false;
-        holder = ProgramName(process);
-        return true;
-    });
-    return holder;
+    std::getline(comm, shortName);
+    std::ifstream commandLine(process / "cmdline", std::ios::binary);
+    std::string first;
+    for (std::string word; std::getline(commandLine, word, '\0');) {
+        const std::string name = fs::path(word).filename().string();
+        if (!shortName.empty() && name.starts_with(shortName)) return name;
+        if (first.empty()) first = name;
+    }
+    if (!first.empty()) return first;
+    return shortName.empty() ? process.filename().string() : shortName;
 }
 
 }  // namespace
@@ -79,10 +74,28 @@ PortFacts RealProbe::Look(const std::string& device) {
     facts.permitted = access(device.c_str(), R_OK | W_OK) == 0;
     if (const group* owner = getgrgid(status.st_gid); owner != nullptr) facts.group = owner->gr_name;
 #endif
-#ifdef __linux__
-    facts.busyBy = HolderOf(device);
-#endif
     return facts;
 }
+
+#ifdef __linux__
+std::string RealProbe::HolderOf(const std::string& device) {
+    std::error_code error;
+    const fs::path real = fs::canonical(device, error);
+    if (error) return {};
+    const std::string own = std::to_string(getpid());
+    std::string holder;
+    AnyEntry(Processes, [&](const fs::path& process) {
+        const std::string pid = process.filename().string();
+        if (!IsNumber(pid) || pid == own || !HoldsOpen(process, real)) return false;
+        holder = ProgramName(process);
+        return true;
+    });
+    return holder;
+}
+#else
+std::string RealProbe::HolderOf(const std::string&) {
+    return {};
+}
+#endif
 
 }  // namespace platform::real

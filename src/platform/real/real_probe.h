@@ -10,6 +10,7 @@ namespace platform::real {
 class RealProbe : public PortProbe {
   public:
     PortFacts Look(const std::string& device) override;
+    std::string HolderOf(const std::string& device) override;
 };
 
 }  // namespace platform::real

@@ -24,7 +24,13 @@ class FixedInstance : public Instance {
 class FixedProbe : public PortProbe {
   public:
     PortFacts Look(const std::string&) override { return facts; }
+    std::string HolderOf(const std::string&) override {
+        ++searches;
+        return holder;
+    }
     PortFacts facts;
+    std::string holder;
+    int searches = 0;  // for a holder
 };
 
 // A whole virtual machine for the program: virtual time, an in-memory line, files that can fail, a counted beep.
