@@ -30,14 +30,22 @@ namespace {
 using desktop_test::Workshop;
 
 TEST(Idle, SyncAllocatesNothingWhenNothingHasChanged) {
-    Workshop shop;
-    shop.BeginLive();
-    shop.Choose(shell::MenuId::MenuConf, 1);
-    shop.windows.Sync();
-    const std::size_t before = allocations;
-    for (int i = 0; i < 100; ++i) shop.windows.Sync();
-    EXPECT_EQ(allocations, before);
-    EXPECT_GT(before, 0U);
+    struct Case {
+        shell::MenuId menu;
+        int index;
+    };
+    constexpr Case SerialLine{shell::MenuId::MenuConf, 1};
+    constexpr Case BaseMap{shell::MenuId::MenuPunto, 14};
+    for (const Case& page : {SerialLine, BaseMap}) {
+        Workshop shop;
+        shop.BeginLive();
+        shop.Choose(page.menu, page.index);
+        shop.windows.Sync();
+        const std::size_t before = allocations;
+        for (int i = 0; i < 100; ++i) shop.windows.Sync();
+        EXPECT_EQ(allocations, before) << page.index;
+        EXPECT_GT(before, 0U);
+    }
 }
 
 // Paints of a widget since the last look.

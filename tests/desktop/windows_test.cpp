@@ -10,6 +10,7 @@
 #include <QToolButton>
 
 #include "desktop/widgets/figure_view.h"
+#include "desktop/widgets/picture_view.h"
 #include "desktop/workshop.h"
 
 namespace {
@@ -174,6 +175,12 @@ TEST(MainWindow, WaitingLiveAndLostAreToldApart) {
     EXPECT_TRUE(shown("AttesaRimedio"));
     EXPECT_FALSE(shown("GraficoC"));
     EXPECT_EQ(desktop::LookOf(shop.program.link), desktop::LinkLook::Waiting);
+    // A switch that is not heard stands nowhere.
+    const auto& replica = shop.InMain<desktop::PictureView>("Commu");
+    const auto& position = shop.InMain<QLabel>("CommuTesto");
+    const std::string unknown = shop.Text("COMMUT.3", "GRAFICI");
+    EXPECT_EQ(replica.Name(), "commut_3");
+    EXPECT_EQ(position.text().toStdString(), unknown);
 
     shop.Sim("stream on");
     ASSERT_TRUE(shop.RunUntil([&] { return shop.program.link.state.FlussoAttivo == shell::True; }, 60000));
@@ -182,11 +189,21 @@ TEST(MainWindow, WaitingLiveAndLostAreToldApart) {
     EXPECT_TRUE(shown("GraficoC"));
     EXPECT_EQ(shop.InMain<desktop::FigureView>("DatiMot(0)").Text().toStdString(),
               std::string(platform::Trim(shop.program.link.grafici.DatiMot[0].Text())));
+    const std::string words = shop.Text("COMMUT.1", "GRAFICI");
+    EXPECT_EQ(replica.Name(), "commut_1");
+    EXPECT_EQ(position.text().toStdString(), words);
 
     shop.Sim("stream off");
     shop.Pass(6000);
+    EXPECT_EQ(replica.Name(), "commut_3");
+    EXPECT_EQ(position.text().toStdString(), unknown);
     EXPECT_TRUE(shown("Attesa"));
     EXPECT_EQ(desktop::LookOf(shop.program.link), desktop::LinkLook::Lost);
+    shop.Sim("stream on");
+    ASSERT_TRUE(shop.RunUntil([&] { return shop.program.link.state.FlussoAttivo == shell::True; }, 60000));
+    shop.Pass(1000);
+    EXPECT_EQ(replica.Name(), "commut_1");
+    EXPECT_EQ(position.text().toStdString(), words);
 }
 
 TEST(MainWindow, ADoubleClickOnACardReachesItsChannel) {

@@ -11,8 +11,9 @@ TOOL = Path(__file__).parent.parent.parent / "tools" / "check-bench"
 
 
 def run(times, gates, exit_status=0):
-    """Runs the check on a program that says it has taken these times (name, time, unit)."""
-    report = {"benchmarks": [{"run_type": "iteration", "run_name": n, "cpu_time": t, "time_unit": u} for n, t, u in times]}
+    """Runs the check on a program that says it has taken these times (name, time, unit) of the processor."""
+    report = {"benchmarks": [{"run_type": "iteration", "run_name": n, "cpu_time": t, "real_time": 10 - t, "time_unit": u}
+                             for n, t, u in times]}
     with tempfile.TemporaryDirectory() as folder:
         program = Path(folder) / "bench_x"
         program.write_text(f"#!/bin/sh\ncat <<'END'\n{json.dumps(report)}\nEND\nexit {exit_status}\n")
@@ -32,6 +33,8 @@ class CheckBench(unittest.TestCase):
             ("not measured", slow_and_fast, "bench_x C B 3\n", 0, 1),
             ("no such program", slow_and_fast, "bench_y A B 3\n", 0, 1),
             ("the program failed", slow_and_fast, "bench_x A B 3\n", 3, 1),
+            ("by hand, just allowed", [("A/manual_time", 1, "us"), ("B", 3, "us")], "bench_x A/manual_time B 3\n", 0, 0),
+            ("by hand, too slow", [("A/manual_time", 1, "us"), ("B", 3, "us")], "bench_x A/manual_time B 2.9\n", 0, 1),
             ("no gates", slow_and_fast, "# none\n", 0, 1),
         ]
         for name, times, gates, exit_status, expected in cases:

@@ -16,6 +16,7 @@ class PictureView : public QWidget, public Shows {
 
     void Show(const pages::Control& control, const Look& look) override;
     void SetName(const QString& name);
+    const QString& Name() const { return name_; }
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
