@@ -1,19 +1,21 @@
 #include "link/catalogue.h"
 
 #include <array>
+#include <stdexcept>
+#include <string>
 
 namespace eculink {
 
 namespace {
 
-// Silence in every state beeps, unless nobody waits for the end of the exchange; a recognition beeps by itself. The
-// watchdog on the stream comes back as it was; pages that live beside the running engine switch it on, a recognition
-// leaves it to the next live frame.
+// Silence in every state beeps, unless nobody waits for the end of the exchange. The watchdog on the stream comes back
+// as it was; pages that live beside the running engine switch it on, a recognition leaves it to the next live frame. Of
+// a recognition nobody is told while a calibration step runs.
 constexpr auto Reactions = std::to_array<ReactionRow>({
     {TimeOut::None, false, Watchdog::Restored}, {TimeOut::A, true, Watchdog::Restored},
     {TimeOut::B, true, Watchdog::Restored},     {TimeOut::C, true, Watchdog::Restored},
     {TimeOut::D, true, Watchdog::Restored},     {TimeOut::D2, true, Watchdog::On},
-    {TimeOut::E, false, Watchdog::Off},         {TimeOut::F, true, Watchdog::Restored},
+    {TimeOut::E, true, Watchdog::Off, false},   {TimeOut::F, true, Watchdog::Restored},
     {TimeOut::F2, true, Watchdog::Restored},    {TimeOut::F3, true, Watchdog::Restored},
     {TimeOut::G, true, Watchdog::On},           {TimeOut::H, true, Watchdog::On},
     {TimeOut::I, true, Watchdog::On},           {TimeOut::J, true, Watchdog::Restored},
@@ -40,7 +42,9 @@ const ReactionRow& ReactionOf(TimeOut letter) {
 }
 
 void Catalogue::Add(const StateRow& row, ReplyHandler reply, RefusalHandler refused, TimeOutHandler timeOut) {
-    rows_[row.state] = Entry{row, std::move(reply), std::move(refused), std::move(timeOut), {}};
+    const bool added =
+        rows_.try_emplace(row.state, Entry{row, std::move(reply), std::move(refused), std::move(timeOut), {}}).second;
+    if (!added) throw std::logic_error("transaction state " + std::to_string(row.state) + " has two owners");
 }
 
 void Catalogue::AddReply(int state, char letter, ReplyHandler reply) {

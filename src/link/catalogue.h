@@ -66,6 +66,7 @@ struct ReactionRow {
     TimeOut letter;
     bool beep;
     Watchdog watchdog;
+    bool duringStep = true;  // otherwise a silence while a calibration step runs has the reaction of None
 };
 const ReactionRow& ReactionOf(TimeOut letter);
 
@@ -91,9 +92,10 @@ class Catalogue {
         const ReplyHandler* HandlerOf(const std::string& frame) const;
     };
 
-    // A state without handlers is one whose page this version does not have: its replies are dropped.
+    // A state without handlers is one whose page this version does not have: its replies are dropped. A state belongs
+    // to one room: one that is there already throws std::logic_error, so that the program is never put together wrong.
     void Add(const StateRow& row, ReplyHandler reply = {}, RefusalHandler refused = {}, TimeOutHandler timeOut = {});
-    // A letter with work of its own in that state.
+    // A letter with work of its own in a state that is there; without it, std::logic_error.
     void AddReply(int state, char letter, ReplyHandler reply);
     // Null when no room has added the state.
     const Entry* Find(int state) const;

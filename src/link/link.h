@@ -49,6 +49,8 @@ struct State {
     std::int64_t bytesReceived = 0;   // since the port was opened
     std::int64_t framesReceived = 0;  // of a valid live form, since the port was opened
     std::int64_t lastByteAt = 0;      // ms
+    std::int64_t lastFrameAt = 0;     // ms; of a valid live form, or since when they are watched for
+    bool streamBroken = false;        // it was silent for 4 s or more since it has been watched
     int unanswered = 0;               // identifications in a row without a reply
     bool heard = false;               // a unit has been recognised since the start of the program
     bool portFailed = false;          // the last opening failed

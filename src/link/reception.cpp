@@ -276,14 +276,30 @@ void HandOn(Link& link) {
     if (link.live.AddSample) link.live.AddSample();
 }
 
+// Another unit may have been put on while nothing was heard.
+void NoteFrame(Link& link) {
+    link.state.streamBroken = StreamBroken(link);
+    link.state.lastFrameAt = NowMs(link);
+    ++link.state.framesReceived;
+}
+
 }  // namespace
+
+void WatchStream(Link& link) {
+    link.state.streamBroken = false;
+    link.state.lastFrameAt = NowMs(link);
+}
+
+bool StreamBroken(const Link& link) {
+    return link.state.streamBroken || NowMs(link) - link.state.lastFrameAt >= StreamLimit;
+}
 
 void FrameDati(Link& link, const std::string& frame) {
     if (frame.size() != ShortFrame && frame.size() != LongFrame) return MarkBadFrame(link);
     State& state = link.state;
     link.timers.TimeOutDati->SetEnabled(false);
     state.DatiLunghi = frame.size() == LongFrame ? 1 : 0;
-    ++state.framesReceived;
+    NoteFrame(link);
     MarkGoodFrame(link);
     TakeFields(link, frame);
     if (state.CentralinaDaRiconoscere == shell::True) {

@@ -39,6 +39,12 @@ void RestoreWatchdog(Link& link, Watchdog watchdog) {
     link.timers.TimeOutDati->SetEnabled(on);
 }
 
+// How a silence of this state is told now.
+const ReactionRow& ReactionNow(const Link& link, const Catalogue::Entry* entry) {
+    const ReactionRow& row = ReactionOf(entry == nullptr ? TimeOut::None : entry->row.timeOut);
+    return row.duringStep || link.shell.state.FaseAcq == shell::NoPhase ? row : ReactionOf(TimeOut::None);
+}
+
 // Whether a reply counts now: unless the row says otherwise it bears the small letter of the command that is waited
 // for.
 bool Counts(const Link& link, const StateRow& row, const std::string& frame) {
@@ -135,7 +141,7 @@ void CommandTimedOut(Link& link) {
     link.shell.state.pointer = shell::Pointer::Normal;
     const int state = link.state.StatoCmd;
     const Catalogue::Entry* entry = link.catalogue.Find(state);
-    const ReactionRow& reaction = ReactionOf(entry == nullptr ? TimeOut::None : entry->row.timeOut);
+    const ReactionRow& reaction = ReactionNow(link, entry);
     if (reaction.beep) link.shell.Beep();
     if (entry != nullptr && entry->timeOut) entry->timeOut(state);
     RestoreWatchdog(link, reaction.watchdog);
@@ -152,9 +158,7 @@ void StreamLost(Link& link) {
     link.state.CentralinaDaRiconoscere = True;
     link.shell.state.SenzaImmagine = True;
     link.shell.state.ImmagineProgrammata = True;  // no image is held that could be blank
-    link.state.VersioneECU.clear();
-    link.shell.state.FirmwareVecchio = False;
-    shell::ShowAdaptationMenu(link.shell);
+    ForgetVersion(link);
     link.state.unanswered = 0;
     link.state.bytesReceived = 0;  // what was heard before says nothing about the line now
     link.state.framesReceived = 0;
@@ -165,6 +169,12 @@ void StreamLost(Link& link) {
     shell::AbilitaComandi(link.shell, True);
     if (link.loss.ResetCalibration) link.loss.ResetCalibration();
     MarkLost(link);
+}
+
+void ForgetVersion(Link& link) {
+    link.state.VersioneECU.clear();
+    link.shell.state.FirmwareVecchio = False;
+    shell::ShowAdaptationMenu(link.shell);
 }
 
 void ChiudiPagine(Link& link) {

@@ -30,6 +30,8 @@ void DispatchReply(Link& link, const std::string& frame);
 void CommandTimedOut(Link& link);
 // No accepted live frame for 4 s.
 void StreamLost(Link& link);
+// No unit's program is known; menus as for a new one.
+void ForgetVersion(Link& link);
 // Closes every page but the main window and the instruments, the topmost first. The system's own message box is no
 // page: what it says has not been read yet.
 void ChiudiPagine(Link& link);

@@ -9,7 +9,7 @@ LeggoIn::LeggoIn(Memory& owner) : Page("LeggoIn"), memory_(owner) {
     Continua.onPress = [this] {
         Continua.SetVisible(false);
         EsciP.SetVisible(false);
-        BeginConnectionRead(memory_);
+        ContinueRecognition(memory_);
     };
     Esci.onPress = [this] { memory_.link.shell.stack.ClosePage(*this); };
     EsciP.onPress = [this] { memory_.link.shell.End(0); };
@@ -46,6 +46,7 @@ void LeggoIn::ShowSilence() {
     EsciP.SetVisible(false);
     Esci.SetVisible(true);
     Esci.Enable(true);
+    SetFocus(&Esci);
 }
 
 void LeggoIn::ShowOldProgram() {

@@ -5,6 +5,7 @@
 #include "link/frames/build.h"
 #include "link/frames/numbers.h"
 #include "link/lamps.h"
+#include "link/reception.h"
 #include "link/transaction.h"
 #include "memory/memory.h"
 
@@ -19,7 +20,7 @@ using shell::True;
 constexpr int Identification = 80;
 constexpr std::array<const char*, 3> OldFiles{InternalFile, ExternalFile, InspectorFile};
 
-bool IdentityReply(Memory& memory, const std::string& frame) {
+bool RispostaX(Memory& memory, const std::string& frame) {
     Link& link = memory.link;
     shell::Shell& shell = link.shell;
     link.state.VersioneECU = ReadVersion(frame);
@@ -35,6 +36,7 @@ bool IdentityReply(Memory& memory, const std::string& frame) {
     // Nothing is asked of the unit until the fitter decides; the state stays, so that live frames go no further.
     link.state.ComandoTx.clear();
     shell.state.pointer = shell::Pointer::Normal;
+    eculink::WatchStream(link);  // another unit may be put on meanwhile
     memory.leggoIn.ShowOldProgram();
     return true;
 }
@@ -42,11 +44,10 @@ bool IdentityReply(Memory& memory, const std::string& frame) {
 void Silent(Memory& memory) {
     Link& link = memory.link;
     link.state.CentralinaDaRiconoscere = True;
-    ++link.state.unanswered;
-    eculink::MarkLost(link);
-    memory.leggoIn.Esci.Enable(true);
     if (link.shell.state.FaseAcq != shell::NoPhase) return;
-    link.shell.Beep();
+    ++link.state.unanswered;
+    eculink::ForgetVersion(link);
+    eculink::MarkLost(link);
     memory.leggoIn.ShowSilence();
 }
 
@@ -78,7 +79,7 @@ void AddRecognition(Memory& memory) {
     events.done = [&memory] { Recognised(memory); };
     events.silent = [&memory](int) { Silent(memory); };
     link.catalogue.AddReply(Identification, 'x',
-                            [&memory](const std::string& frame) { return IdentityReply(memory, frame); });
+                            [&memory](const std::string& frame) { return RispostaX(memory, frame); });
 }
 
 void StartRecognition(Memory& memory) {
@@ -89,11 +90,14 @@ void StartRecognition(Memory& memory) {
     eculink::ChiudiPagine(link);
     shell::AbilitaComandi(link.shell, True);
     link.state.CentralinaDaRiconoscere = False;
-    link.state.VersioneECU.clear();
-    link.shell.state.FirmwareVecchio = False;
-    shell::ShowAdaptationMenu(link.shell);
+    eculink::ForgetVersion(link);
     link.shell.stack.OpenPage(memory.leggoIn, false);
     eculink::StartTransaction(link, Identification, frames::IdentityFrame());
+}
+
+void ContinueRecognition(Memory& memory) {
+    if (eculink::StreamBroken(memory.link)) return StartRecognition(memory);
+    BeginConnectionRead(memory);
 }
 
 std::string ReadVersion(const std::string& frame) {

@@ -1,6 +1,7 @@
 #include "tuning/page_cycle.h"
 
 #include <algorithm>
+#include <set>
 
 #include "link/frames/build.h"
 #include "link/transaction.h"
@@ -54,7 +55,11 @@ void PageCycle::AddStates() {
             [this](int) { TimedOut(); });
     };
     add(dialog_.reading);
-    for (const WorkRow& row : dialog_.works) add({row.state, dialog_.writeLetters, dialog_.writeTimeOut});
+    // Two works of a dialog may have one state.
+    std::set<int> states;
+    for (const WorkRow& row : dialog_.works) {
+        if (states.insert(row.state).second) add({row.state, dialog_.writeLetters, dialog_.writeTimeOut});
+    }
 }
 
 // The menus open the dialog on one of its pages.

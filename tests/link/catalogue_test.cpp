@@ -124,4 +124,12 @@ TEST(Catalogue, DropsTheRepliesOfAPageThatDoesNotExistYet) {
     EXPECT_EQ(catalogue.Find(51), nullptr);
 }
 
+TEST(Catalogue, AStateBelongsToOneRoom) {
+    Catalogue catalogue;
+    catalogue.Add({50, "w", T::A});
+    EXPECT_THROW(catalogue.Add({50, "r", T::B}), std::logic_error);
+    EXPECT_EQ(catalogue.Find(50)->row.letters, "w");
+    EXPECT_THROW(catalogue.AddReply(51, 'x', {}), std::logic_error);
+}
+
 }  // namespace eculink

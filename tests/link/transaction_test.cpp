@@ -19,6 +19,7 @@ using shell::True;
 
 constexpr int Writing = 900;  // a state that no room has, for tests
 constexpr int Reading = 901;
+constexpr int Other = 902;
 
 // A program with two states of the test's own. The handlers write what they saw into the log.
 struct Bench : support::Machine {
@@ -162,8 +163,8 @@ TEST(Transaction, CountsTheAwaitedLetterAloneUnlessTheRowCountsAllAlike) {
     for (const Counting counting : {Counting::Awaited, Counting::Alike}) {
         Bench b;
         const Catalogue::Entry entry = *b.Link().catalogue.Find(Writing);
-        b.Link().catalogue.Add({Writing, "ws", TimeOut::P, counting}, entry.reply, entry.refused, entry.timeOut);
-        b.BeginWriting();
+        b.Link().catalogue.Add({Other, "ws", TimeOut::P, counting}, entry.reply, entry.refused, entry.timeOut);
+        StartTransaction(b.Link(), Other, b.First + b.Second);
         b.Take(Frame("sok"));
         EXPECT_EQ(b.Log(), counting == Counting::Alike ? "reply:s " : "");
         EXPECT_EQ(b.Sent(), b.First + (counting == Counting::Alike ? b.Second : ""));
@@ -243,13 +244,12 @@ TEST(CommandTimeOut, SignalsByItsLetter) {
                                true,
                                false,
                                true},
-                          Case{{T::D2, T::G, T::H, T::I, T::P}, true, true, true},
-                          Case{{T::E}, false, false, false}}) {  // the recognition signals by itself
+                          Case{{T::D2, T::G, T::H, T::I, T::P}, true, true, true}, Case{{T::E}, true, false, false}}) {
         for (const T letter : c.letters) {
             for (const int flow : {False, True}) {
                 Bench b;
-                b.Link().catalogue.Add({Reading, "r", letter});
-                StartTransaction(b.Link(), Reading, frames::ReadFrame('R', 0, 2));
+                b.Link().catalogue.Add({Other, "r", letter});
+                StartTransaction(b.Link(), Other, frames::ReadFrame('R', 0, 2));
                 b.State().FlussoAttivo = flow;
                 b.Run(5000);
                 EXPECT_EQ(b.State().StatoCmd, Idle);

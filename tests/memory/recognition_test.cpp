@@ -3,6 +3,8 @@
 #include "link/transaction.h"
 #include "memory/image.h"
 #include "memory/recognition.h"
+#include "support/live_frame.h"
+#include "support/scripted_unit.h"
 #include "support/simulated.h"
 
 namespace {
@@ -226,6 +228,116 @@ TEST(Recognition, AFullDiskEndsLikeASilentUnit) {
     ASSERT_TRUE(s.RunUntil([&] { return s.program.shell.state.beeps == 1; }, 2000));
     EXPECT_EQ(s.program.memory.leggoIn.Segnalazione.Text(), s.Text("SEGNALAZIONE_2", "LEGGOIN"));
     EXPECT_EQ(s.program.link.state.StatoCmd, Idle);
+}
+
+// While the fitter decides about an old program the unit may be taken off and another one put on.
+TEST(Recognition, ContinuaAfterABrokenStreamAsksWhoTheUnitIs) {
+    struct Row {
+        int silence;  // ms without a live frame
+        bool resumes;
+        const char* first;  // frame that Continua sends
+        int state;
+    };
+    for (const Row& row : {Row{3900, true, "L00000032", 80}, Row{4000, true, "X327680010", 80},
+                           Row{4000, false, "X327680010", 80}, Row{3800, false, "L00000032", 80}}) {
+        support::ScriptedUnit u;
+        u.version = "01.03 A001";
+        ASSERT_TRUE(u.Start());
+        u.Take(support::LiveFrame().Long());
+        ASSERT_TRUE(u.Step());
+        memory::LeggoIn& page = u.program->memory.leggoIn;
+        ASSERT_TRUE(page.Continua.Visible());
+        u.Take(support::LiveFrame().Long());
+        u.Run(row.silence - (row.resumes ? eculink::ProcessingInterval : 0));
+        if (row.resumes) u.Take(support::LiveFrame().Long());
+        u.version = "01.04 A001";
+        ASSERT_TRUE(u.Shell().stack.Press(page.Continua).ok);
+        EXPECT_FALSE(page.Continua.Visible() || page.EsciP.Visible());
+        EXPECT_EQ(u.host.line.Sent(), frames::Frame(row.first)) << row.silence << row.resumes;
+        EXPECT_EQ(u.State().StatoCmd, row.state);
+        EXPECT_TRUE(page.IsOpen());
+        ASSERT_TRUE(u.Converse([&] { return u.State().StatoCmd == Idle; }));
+        const bool again = row.first[0] == 'X';
+        EXPECT_EQ(u.State().VersioneECU, again ? "01.04 A001" : "01.03 A001");
+        EXPECT_EQ(u.Shell().state.FirmwareVecchio, again ? False : True);
+        EXPECT_EQ(u.Shell().state.SenzaImmagine, False);
+    }
+}
+
+// With a calibration step running the silence of a recognition is nobody's news: the unit counts as unknown, no more.
+TEST(Recognition, SilenceDuringACalibrationStepSetsTheFlagAlone) {
+    for (const char* silent : {"X", "L", "O"}) {
+        for (const int flow : {True, False}) {
+            support::ScriptedUnit u;
+            ASSERT_TRUE(u.Start());
+            u.Take(support::LiveFrame().Long());
+            const auto asks = [&] { return u.host.line.Sent().substr(1, 1) == silent; };
+            ASSERT_TRUE(u.Converse(asks));
+            u.Shell().state.FaseAcq = 2;
+            u.State().FlussoAttivo = flow;
+            memory::LeggoIn& page = u.program->memory.leggoIn;
+            const std::string told = page.Segnalazione.Text();
+            const std::string lamp = u.Shell().main.RxOK.Colour();
+            const std::string version = u.State().VersioneECU;
+            ASSERT_EQ(lamp, "green");
+            u.Run(4999);
+            ASSERT_NE(u.State().StatoCmd, Idle);
+            u.Run(1);
+            EXPECT_EQ(u.State().StatoCmd, Idle);
+            EXPECT_EQ(u.State().CentralinaDaRiconoscere, True);
+            EXPECT_EQ(u.host.sound.beeps, 0);
+            EXPECT_EQ(page.Segnalazione.Text(), told);
+            EXPECT_FALSE(page.Esci.Enabled());
+            EXPECT_EQ(u.Shell().main.RxOK.Colour(), lamp);
+            EXPECT_EQ(u.State().unanswered, 0);
+            EXPECT_EQ(u.State().VersioneECU, version);
+            EXPECT_EQ(u.Link().timers.TimeOutDati->Enabled(), flow == True) << "as it was";
+        }
+    }
+}
+
+TEST(Recognition, ASilentUnitLeavesNoVersionBehind) {
+    support::ScriptedUnit u;
+    u.version = "01.03 A001";
+    ASSERT_TRUE(u.Start());
+    u.Take(support::LiveFrame().Long());
+    ASSERT_TRUE(u.Step());
+    u.Shell().stack.Press(u.program->memory.leggoIn.Continua);
+    ASSERT_TRUE(u.Step());
+    ASSERT_EQ(u.Shell().state.FirmwareVecchio, True);
+    u.Run(5000);
+    EXPECT_EQ(u.State().VersioneECU, "");
+    EXPECT_EQ(u.Shell().state.FirmwareVecchio, False);
+    EXPECT_TRUE(u.Shell().main.Item(shell::MenuId::MenuPunto, 11).visible);
+    EXPECT_FALSE(u.Shell().main.Item(shell::MenuId::MenuPunto, 12).visible);
+    EXPECT_EQ(u.program->memory.leggoIn.Focus(), &u.program->memory.leggoIn.Esci) << "the one thing left to do";
+}
+
+// The image on the disk must be of this unit: what an earlier one left is gone, or nothing is read at all.
+TEST(Recognition, AWorkFileThatCannotBeDeletedEndsLikeASilentUnit) {
+    for (const int operation : {1, 2, 3}) {
+        support::ScriptedUnit u;
+        ASSERT_TRUE(u.Start());
+        u.Take(support::LiveFrame().Long());
+        u.host.files.FailNth(operation);
+        ASSERT_TRUE(u.Step());
+        EXPECT_EQ(u.Sent(), "") << "nothing is asked";
+        u.Run(200);
+        EXPECT_EQ(u.State().StatoCmd, Idle);
+        EXPECT_EQ(u.host.sound.beeps, 1);
+        EXPECT_EQ(u.program->memory.leggoIn.Segnalazione.Text(), u.Text("SEGNALAZIONE_2", "LEGGOIN"));
+        EXPECT_TRUE(u.program->memory.leggoIn.Esci.Enabled());
+    }
+    // The inspector's file goes again with the decoding.
+    support::ScriptedUnit u;
+    ASSERT_TRUE(u.Start());
+    u.Take(support::LiveFrame().Long());
+    ASSERT_TRUE(u.Converse([&] { return u.host.line.Sent() == frames::Frame("O40640032"); }));
+    u.host.files.FailNth(2);  // after the last block has been appended
+    ASSERT_TRUE(u.Step());
+    u.Run(200);
+    EXPECT_EQ(u.Shell().state.SenzaImmagine, True);
+    EXPECT_EQ(u.program->memory.leggoIn.Segnalazione.Text(), u.Text("SEGNALAZIONE_2", "LEGGOIN"));
 }
 
 }  // namespace
