@@ -82,6 +82,23 @@ void Tell(const std::function<void()>& handler) {
     if (handler) handler();
 }
 
+// Flows that a menu starts and that own the link for long.
+bool TurnsMenusOff(Flow flow) {
+    return flow == Flow::Archive || flow == Flow::Programming || flow == Flow::Erasing;
+}
+
+void MenusOff(Memory& memory, Flow flow) {
+    if (TurnsMenusOff(flow)) shell::AbilitaComandi(memory.link.shell, shell::False);
+}
+
+// A blank unit has only the menus that need no programmed one.
+void MenusBack(Memory& memory, Flow flow) {
+    shell::Shell& shell = memory.link.shell;
+    if (!TurnsMenusOff(flow)) return;
+    shell::AbilitaComandi(shell, shell::True);
+    if (shell.state.ImmagineProgrammata == shell::False) shell::SoloSenzaCentralina(shell);
+}
+
 void TellProgress(Memory& memory, Flow flow, int address) {
     if (EventsOf(memory, flow).progress) EventsOf(memory, flow).progress(address);
 }
@@ -111,13 +128,23 @@ void BeginArea(Memory& memory, const ReadRow& row, bool internal) {
     SendRead(memory, row, internal);
 }
 
+// A reply may hold any byte; one that ends a line in a file would move every cell behind it. What stands in its place
+// is no digit, and reads as erased.
+std::string WithoutLineEnds(std::string_view payload) {
+    constexpr char NoDigit = '?';
+    std::string text(payload);
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, NoDigit);
+    return text;
+}
+
 // Up to `chunk` bytes of a reply, one image line each 16; a short reply leaves its lines short.
 bool AppendLines(Memory& memory, const ReadRow& row, bool internal, const std::string& frame) {
-    const std::string_view payload = frames::Payload(frame);
+    const std::string payload = WithoutLineEnds(frames::Payload(frame));
     std::string lines;
     for (int line = 0; line < row.chunk / LineBytes; ++line) {
         const std::size_t at = static_cast<std::size_t>(line) * LineDigits;
-        lines += at < payload.size() ? payload.substr(at, LineDigits) : std::string_view();
+        if (at < payload.size()) lines += payload.substr(at, LineDigits);
         lines += "\r\n";
     }
     shell::Shell& shell = memory.link.shell;
@@ -141,6 +168,7 @@ bool FinishRead(Memory& memory, const ReadRow& row) {
         eculink::EndWithoutWatchdog(memory.link);
     } else {
         eculink::EndTransaction(memory.link);
+        MenusBack(memory, row.flow);
     }
     Tell(EventsOf(memory, row.flow).done);
     return true;
@@ -198,6 +226,7 @@ bool FinishWrite(Memory& memory, const WriteRow& row) {
     if (row.flow == Flow::Programming && !DeleteAcquisitionLogs(memory)) return false;
     memory.link.shell.Beep();
     eculink::EndTransaction(memory.link);
+    MenusBack(memory, row.flow);
     Tell(EventsOf(memory, row.flow).done);
     return true;
 }
@@ -223,11 +252,20 @@ bool WriteReply(Memory& memory, const WriteRow& row, bool internal) {
     return true;
 }
 
+// The unit on the line has been read: what must be known of it before it is programmed is known.
+bool HoldsImage(const Memory& memory) {
+    return memory.link.shell.state.SenzaImmagine == shell::False;
+}
+
 eculink::RefusalHandler Refused(Memory& memory, Flow flow) {
-    return [&memory, flow] { Tell(EventsOf(memory, flow).refused); };
+    return [&memory, flow] {
+        MenusBack(memory, flow);
+        Tell(EventsOf(memory, flow).refused);
+    };
 }
 eculink::TimeOutHandler Silent(Memory& memory, Flow flow) {
     return [&memory, flow](int state) {
+        MenusBack(memory, flow);
         if (EventsOf(memory, flow).silent) EventsOf(memory, flow).silent(state);
     };
 }
@@ -299,20 +337,24 @@ bool StartArchiveRead(Memory& memory, const platform::Path& target) {
     memory.state.archiveTarget = target;
     // Lines are appended: on what an earlier read has left they would make no image.
     if (!memory.link.shell.host.files.Remove(memory.link.shell.FileInFolder(ArchiveWorkFile))) return false;
+    MenusOff(memory, Flow::Archive);
     BeginArea(memory, ReadOf(Flow::Archive), false);
     return true;
 }
 
 bool StartErasing(Memory& memory) {
     if (memory.link.state.StatoCmd != eculink::Idle) return false;
+    MenusOff(memory, Flow::Erasing);
     BeginWriteArea(memory, WriteOf(Flow::Erasing), false);
     return true;
 }
 
 ImageProblem LoadForProgramming(Memory& memory, const platform::Path& file) {
+    if (memory.link.state.StatoCmd != eculink::Idle) return ImageProblem::NotNow;
+    memory.state.ImmagineEE.clear();
+    if (!HoldsImage(memory)) return ImageProblem::NotNow;
     platform::Files& files = memory.link.shell.host.files;
-    if (!files.Exists(file)) return ImageProblem::Missing;
-    if (files.Size(file) != ImageFileSize) return ImageProblem::WrongSize;
+    if (const ImageProblem problem = CheckImageFile(files, file); problem != ImageProblem::None) return problem;
     auto image = LeggiImmagine(files, file);
     if (!image) return ImageProblem::Missing;
     if (!IsWholeImage(*image)) return ImageProblem::WrongSize;
@@ -322,7 +364,9 @@ ImageProblem LoadForProgramming(Memory& memory, const platform::Path& file) {
 }
 
 bool StartProgramming(Memory& memory) {
-    if (memory.link.state.StatoCmd != eculink::Idle || !IsWholeImage(memory.state.ImmagineEE)) return false;
+    if (memory.link.state.StatoCmd != eculink::Idle || !HoldsImage(memory)) return false;
+    if (!IsWholeImage(memory.state.ImmagineEE)) return false;
+    MenusOff(memory, Flow::Programming);
     BeginWriteArea(memory, WriteOf(Flow::Programming), false);
     return true;
 }

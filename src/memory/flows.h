@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "memory/image.h"
 #include "platform/files.h"
 
 namespace memory {
@@ -34,6 +35,8 @@ using FlowTable = std::array<FlowEvents, static_cast<std::size_t>(Flow::Count)>;
 
 FlowEvents& EventsOf(Memory& memory, Flow flow);
 
+// The save to the archive, programming and erasing keep menus and toolbar off until they have ended, in whatever way.
+
 // Adds the flows' states to the catalogue.
 void AddFlowStates(Memory& memory);
 
@@ -47,10 +50,11 @@ bool StartArchiveRead(Memory& memory, const platform::Path& target);
 // Erases the unit, except the cells that tell who it is. False when a transaction runs.
 bool StartErasing(Memory& memory);
 
-enum class ImageProblem { None, Missing, WrongSize };
-// Loads an archive image to be written to a unit, with the fix-ups. Nothing changes when there is a problem.
+// Loads an archive image to be written to the unit that has been read, with the fix-ups; one whose digits are none
+// counts as of a wrong size. After a problem no image is loaded; while a transaction runs the one loaded before stays.
 ImageProblem LoadForProgramming(Memory& memory, const platform::Path& file);
-// Writes the loaded image; the marker comes last. False when a transaction runs or no whole image is loaded.
+// Writes the loaded image; the marker comes last. False when a transaction runs, no whole image is loaded or no unit
+// has been read.
 bool StartProgramming(Memory& memory);
 
 // "<text> <address>)", as every flow tells how far it is.

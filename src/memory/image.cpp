@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "link/frames/numbers.h"
+#include "platform/text.h"
 
 namespace memory {
 
@@ -10,6 +11,9 @@ namespace {
 
 constexpr std::uint32_t ErasedByte = 0xFF;
 constexpr std::size_t DigitsPerByte = 2;
+constexpr std::size_t AreaFileSize = std::size_t{AreaLines} * LineLength;
+constexpr std::size_t AreaDigits = AreaBytes * DigitsPerByte;
+constexpr std::string_view ImageExtension = ".MVN";
 
 // The word of the finer divider and the byte of the coarse one, which older programs alone have.
 constexpr int FineDividerCell = 3208;
@@ -65,6 +69,15 @@ std::string JoinLines(std::string_view content) {
     return image;
 }
 
+std::string WithFileLineEnds(std::string_view content) {
+    std::string lines;
+    while (!content.empty()) {
+        lines += NextLine(content);
+        lines += "\r\n";
+    }
+    return lines;
+}
+
 std::optional<std::string> LeggiImmagine(platform::Files& files, const platform::Path& file) {
     const auto content = files.Read(file);
     if (!content) return std::nullopt;
@@ -107,11 +120,16 @@ std::uint32_t ByteCella(std::string_view image, int address, int bytes) {
 void SetCella(std::string& image, int address, std::string_view digits) {
     if (!InImage(address)) return;
     const std::size_t start = ImagePosition(address);
-    if (start + digits.size() <= image.size()) image.replace(start, digits.size(), digits);
+    const std::size_t areaEnd = (start / AreaDigits + 1) * AreaDigits;
+    if (start + digits.size() <= std::min(areaEnd, image.size())) image.replace(start, digits.size(), digits);
 }
 
 std::string AreaDigitsOf(std::string_view content) {
     std::string digits;
+    if (content.size() == AreaFileSize) {
+        for (std::size_t at = 0; at < AreaFileSize; at += LineLength) digits += content.substr(at, LineDigits);
+        return digits;
+    }
     for (int line = 0; line < AreaLines; ++line) {
         std::string text(NextLine(content));
         text.resize(LineDigits, 'F');
@@ -124,6 +142,12 @@ RecordPlace RecordImmagine(int address) {
     const int offset = IsInternal(address) ? address - FirstInternal : std::max(0, address);
     const int before = IsInternal(address) ? AreaLines : 0;
     return {before + offset / LineBytes + 1, static_cast<int>(DigitsPerByte) * (offset % LineBytes) + 1};
+}
+
+ImageProblem CheckImageFile(platform::Files& files, const platform::Path& file) {
+    if (!files.Exists(file)) return ImageProblem::Missing;
+    if (platform::UpperCase(file.extension().string()) != ImageExtension) return ImageProblem::WrongName;
+    return files.Size(file) == ImageFileSize ? ImageProblem::None : ImageProblem::WrongSize;
 }
 
 bool IsWholeImage(std::string_view image) {

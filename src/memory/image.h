@@ -28,6 +28,9 @@ bool IsInternal(int address);
 // The lines of a file's content with their ends dropped and joined, whatever they hold.
 std::string JoinLines(std::string_view content);
 
+// The lines of a file's content, each ended by CR LF.
+std::string WithFileLineEnds(std::string_view content);
+
 // The image of one file as one text of digits, ESTERNA then INTERNA: the lines with their ends dropped and joined. A
 // short file gives a short text. Nothing when the file cannot be read.
 std::optional<std::string> LeggiImmagine(platform::Files& files, const platform::Path& file);
@@ -47,8 +50,8 @@ bool ScriviImmagine(platform::Files& files, const platform::Path& file, const Ar
 // digits are none, reads as erased: 255.
 std::uint32_t ByteCella(std::string_view image, int address, int bytes);
 
-// Replaces the digits of a cell in the image text; an address of neither area and what lies outside the text is left
-// alone.
+// Replaces the digits of a cell in the image text. Digits that do not fit whole into the area of the address, or into
+// the text, are left out, as those of an address of neither area are.
 void SetCella(std::string& image, int address, std::string_view digits);
 
 // Record number, from 1, and column, from 1, of an address in the view of a file as records of 34 characters.
@@ -61,9 +64,15 @@ RecordPlace RecordImmagine(int address);
 // Place of an address of either area in the image text, from 0.
 std::size_t ImagePosition(int address);
 
-// One area of an image as its file holds it: each line at its place, so that a short or damaged one spoils no other;
-// what is missing reads as erased.
+// One area of an image as its file holds it. A file of its whole size is read by place, any other line by line, so that
+// a short or damaged line spoils no other; what is missing reads as erased.
 std::string AreaDigitsOf(std::string_view content);
+
+// What speaks against a file that is to serve as an image. NotNow: no unit has been read, or a transaction runs.
+enum class ImageProblem { None, NotNow, Missing, WrongName, WrongSize };
+// A file is taken for an image by its extension, MVN in any case, and by its size of exactly 4352 bytes; what stands in
+// it is not looked at.
+ImageProblem CheckImageFile(platform::Files& files, const platform::Path& file);
 
 // Whether the text is a whole image: 4096 hexadecimal digits.
 bool IsWholeImage(std::string_view image);

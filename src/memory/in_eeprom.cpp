@@ -30,7 +30,7 @@ InEEPROM::InEEPROM(Memory& owner) : Page("InEEPROM"), memory_(owner) {
 
 void InEEPROM::Opening() {
     shell::Shell& shell = memory_.link.shell;
-    SetTitle(shell.TestoLingua("MESSAGGIOSEL", Section));
+    MessaggioSel.SetText(shell.TestoLingua("MESSAGGIOSEL", Section));
     Inizializza.SetText(shell.TestoLingua("INIZIALIZZA.0", Section));
     TastoSI.SetText(shell.TestoLingua("SI.0", "TASTI"));
     Esci.SetText(shell.TestoLingua("ESCI.0", "TASTI"));
@@ -53,7 +53,8 @@ void InEEPROM::SecondQuestion() {
 }
 
 void InEEPROM::Erase() {
-    if (StartErasing(memory_)) SetEnabled(false);
+    if (!StartErasing(memory_)) return Ended("SEGNALAZIONE_2");
+    SetEnabled(false);
 }
 
 void InEEPROM::Ended(const char* key) {

@@ -10,6 +10,7 @@ struct Memory;
 struct InEEPROM : pages::Page {
     explicit InEEPROM(Memory& owner);
 
+    pages::Label MessaggioSel{*this, "MessaggioSel"};
     pages::Label Segnalazione{*this, "Segnalazione"};
     pages::Button Inizializza{*this, "Inizializza"};
     pages::Button TastoSI{*this, "TastoSI"};

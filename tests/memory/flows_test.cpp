@@ -17,7 +17,8 @@ using support::Simulated;
 
 // A unit that has been recognised, and a count of how the flow told its end.
 struct Connected : Simulated {
-    Connected() {
+    explicit Connected(const char* before = "image programmed") {
+        Sim(before);
         if (!Connect()) throw std::runtime_error("the unit was not recognised");
         for (const Flow flow : {Flow::Inspector, Flow::Archive, Flow::Programming}) {
             memory::FlowEvents& events = memory::EventsOf(program.memory, flow);
@@ -162,6 +163,86 @@ TEST(Flows, WhatIsNoImageIsNeverSent) {
     EXPECT_TRUE(c.Sent().empty());
 }
 
+// What a problem leaves behind must never be sent: not the image that was loaded before, not while another flow runs.
+TEST(Flows, AnImageThatCannotBeLoadedLeavesNothingToBeSent) {
+    Connected c;
+    const std::string good = memory::ImageText({WholeImage("0000").substr(0, 2048), WholeImage("0000").substr(2048)});
+    c.files.Write(c.File("GOOD.MVN"), good);
+    ASSERT_EQ(memory::LoadForProgramming(c.Room(), c.File("GOOD.MVN")), memory::ImageProblem::None);
+    EXPECT_NE(memory::LoadForProgramming(c.Room(), c.File("NONE.MVN")), memory::ImageProblem::None);
+    EXPECT_EQ(c.Room().state.ImmagineEE, "");
+    EXPECT_FALSE(memory::StartProgramming(c.Room()));
+    EXPECT_TRUE(c.Sent().empty());
+
+    ASSERT_EQ(memory::LoadForProgramming(c.Room(), c.File("GOOD.MVN")), memory::ImageProblem::None);
+    ASSERT_TRUE(memory::StartProgramming(c.Room()));
+    const std::string loaded = c.Room().state.ImmagineEE;
+    EXPECT_NE(memory::LoadForProgramming(c.Room(), c.File("NONE.MVN")), memory::ImageProblem::None);
+    EXPECT_EQ(c.Room().state.ImmagineEE, loaded) << "the flow that runs goes on with its own image";
+    ASSERT_TRUE(c.Finish());
+    EXPECT_EQ(c.done, 1);
+}
+
+// Whether the date must be stamped is known of a unit that has been read, and of no other.
+TEST(Flows, AUnitThatHasNotBeenReadIsNotProgrammed) {
+    Simulated s;
+    s.Sim("cable out");
+    ASSERT_TRUE(s.Start());
+    memory::Memory& room = s.program.memory;
+    const std::string image = WholeImage("0000");
+    s.files.Write(s.folder.Path() / "A.MVN", memory::ImageText({image.substr(0, 2048), image.substr(2048)}));
+    EXPECT_NE(memory::LoadForProgramming(room, s.folder.Path() / "A.MVN"), memory::ImageProblem::None);
+    room.state.ImmagineEE = image;
+    EXPECT_FALSE(memory::StartProgramming(room));
+    EXPECT_EQ(s.host.line.Sent(), "");
+    EXPECT_EQ(s.program.link.state.StatoCmd, Idle);
+}
+
+// Menus and toolbar rest while a flow that a menu has started owns the link, and come back however it ends.
+TEST(Flows, TheMenusAreOffAsLongAsALongFlowRuns) {
+    using Start = bool (*)(Connected&);
+    constexpr std::array<Start, 3> Starts{{
+        [](Connected& c) { return memory::StartArchiveRead(c.Room(), c.folder.Path() / "A.MVN"); },
+        [](Connected& c) {
+            return (c.Room().state.ImmagineEE = WholeImage("0000"), memory::StartProgramming(c.Room()));
+        },
+        [](Connected& c) { return memory::StartErasing(c.Room()); },
+    }};
+    for (const char* how :
+         {"", "misbehave refuse command all at frame 3", "misbehave silence command all at frame 3"}) {
+        for (const bool blank : {false, true}) {
+            for (const Start start : Starts) {
+                Connected c(blank ? "image blank" : "image programmed");
+                shell::Marlovent& main = c.program.shell.main;
+                const pages::Reason tuning = main.Item(shell::MenuId::MainMenu, 3).why;
+                if (*how != '\0') c.Sim(how);
+                ASSERT_TRUE(start(c));
+                EXPECT_EQ(main.Item(shell::MenuId::MainMenu, 0).why, pages::Reason::LongOperation);
+                EXPECT_EQ(main.Tool("OFFLINE").why, pages::Reason::LongOperation);
+                EXPECT_FALSE(c.program.link.grafici.Enabled());
+                ASSERT_TRUE(c.Finish());
+                EXPECT_EQ(main.Item(shell::MenuId::MainMenu, 0).why, pages::Reason::None) << how;
+                EXPECT_EQ(main.Tool("OFFLINE").why, pages::Reason::None) << how;
+                EXPECT_TRUE(c.program.link.grafici.Enabled()) << how;
+                EXPECT_EQ(main.Item(shell::MenuId::MainMenu, 3).why, tuning) << "a blank unit keeps its own menus";
+            }
+        }
+    }
+}
+
+// A recognition takes over from a flow that asked a dead line: its menus count.
+TEST(Flows, TheMenusComeBackWhenAUnitTakesOverFromAFlow) {
+    Simulated s;
+    s.Sim("cable out");
+    ASSERT_TRUE(s.Start());
+    ASSERT_TRUE(memory::StartErasing(s.program.memory));
+    s.Run(500);
+    s.Sim("cable in");
+    ASSERT_TRUE(s.RunUntil([&] { return s.program.link.state.StatoCmd == 80; }, 3000));
+    EXPECT_EQ(s.program.shell.main.Item(shell::MenuId::MainMenu, 0).why, pages::Reason::None);
+    EXPECT_TRUE(s.program.link.grafici.Enabled());
+}
+
 TEST(Flows, ErasingAsksTwiceAndKeepsTheCellsThatSayWhoTheUnitIs) {
     Connected c;
     memory::InEEPROM& page = c.Room().inEEPROM;
@@ -191,6 +272,22 @@ TEST(Flows, ErasingAsksTwiceAndKeepsTheCellsThatSayWhoTheUnitIs) {
     EXPECT_TRUE(page.Enabled() && page.Inizializza.Visible() && !page.TastoSI.Visible());
     stack.Press(page.Esci);
     EXPECT_FALSE(page.IsOpen());
+}
+
+TEST(Flows, ErasingThatCannotBeginSaysSo) {
+    Connected c;
+    memory::InEEPROM& page = c.Room().inEEPROM;
+    shell::PressTool(c.program.shell, "EEPROM_SETUP");
+    EXPECT_EQ(page.MessaggioSel.Text(), c.Text("MESSAGGIOSEL", "INEEPROM"))
+        << "what the page is about, in its own words";
+    EXPECT_EQ(page.Title(), c.Text("TOOLTIP", "EEPROM_SETUP"));
+    c.program.shell.stack.Press(page.Inizializza);
+    ASSERT_TRUE(memory::StartInspectorRead(c.Room()));
+    ASSERT_TRUE(c.program.shell.stack.Press(page.TastoSI).ok);
+    EXPECT_EQ(page.Segnalazione.Text(), c.Text("SEGNALAZIONE_2", "INEEPROM"));
+    EXPECT_TRUE(page.Enabled() && page.Inizializza.Visible());
+    ASSERT_TRUE(c.Finish());
+    EXPECT_EQ(c.unit.Seen().Of('I'), 0);
 }
 
 TEST(Flows, WithNoImageErasingOpensNothing) {

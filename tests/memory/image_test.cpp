@@ -4,6 +4,7 @@
 
 #include "link/frames/numbers.h"
 #include "memory/image_cells.h"
+#include "memory/inspector_file.h"
 #include "memory/names.h"
 #include "support/simulated.h"
 
@@ -41,6 +42,24 @@ TEST(Image, ReadsCellsOfBothAreasBigEndianAndErasedBeyondItsEnd) {
     EXPECT_EQ(ByteCella(std::string(4096, 'x'), 0, 1), 255U);
 }
 
+TEST(Image, AWriteNeverRunsOverTheEndOfItsArea) {
+    struct Row {
+        int address;
+        const char* digits;
+        bool written;
+    };
+    const std::string before = CountedImage();
+    for (const Row& row : {Row{1022, "AAAA", true}, Row{1023, "AAAA", false}, Row{1020, "AAAAAAAA", true},
+                           Row{4095, "AA", true}, Row{4095, "AAAA", false}, Row{1024, "AA", false},
+                           Row{3071, "AAAA", false}, Row{-1, "AA", false}, Row{0, "", false}}) {
+        std::string image = before;
+        memory::SetCella(image, row.address, row.digits);
+        EXPECT_EQ(image != before, row.written) << row.address << row.digits;
+        EXPECT_EQ(image.size(), before.size());
+    }
+    EXPECT_EQ(ByteCella(before, 1023, 2), 1023U % 251 * 256 + 255) << "nor does a read";
+}
+
 TEST(Image, RecordsAndColumnsOfTheFileView) {
     struct Row {
         int address, record, column;
@@ -66,6 +85,51 @@ TEST(Image, FilesComeBackByteForByte) {
     const auto areas = memory::LeggiAree(files, file);
     EXPECT_EQ(areas->external + areas->internal, image);
     EXPECT_FALSE(memory::LeggiImmagine(files, folder.Path() / "NONE.MVN"));
+}
+
+TEST(Image, AFileIsTakenByItsNameAndItsSizeAlone) {
+    support::TemporaryFolder folder;
+    platform::real::RealFiles files;
+    using memory::ImageProblem;
+    struct Row {
+        const char* name;
+        std::size_t size;
+        ImageProblem problem;
+    };
+    for (const Row& row : {Row{"A.MVN", 4352, ImageProblem::None}, Row{"a.mvn", 4352, ImageProblem::None},
+                           Row{"A.B.Mvn", 4352, ImageProblem::None}, Row{"A.MVN", 4351, ImageProblem::WrongSize},
+                           Row{"A.MVN", 4353, ImageProblem::WrongSize}, Row{"A.MVN", 0, ImageProblem::WrongSize},
+                           Row{"A.MVB", 4352, ImageProblem::WrongName}, Row{"A.MVN.TXT", 4352, ImageProblem::WrongName},
+                           Row{"AMVN", 4352, ImageProblem::WrongName}, Row{".MVN", 4352, ImageProblem::WrongName}}) {
+        const auto file = folder.Path() / row.name;
+        ASSERT_TRUE(files.Write(file, std::string(row.size, 'x')));
+        EXPECT_EQ(memory::CheckImageFile(files, file), row.problem) << row.name << row.size;
+        ASSERT_TRUE(files.Remove(file));
+        EXPECT_EQ(memory::CheckImageFile(files, file), ImageProblem::Missing) << row.name;
+    }
+    EXPECT_EQ(memory::CheckImageFile(files, folder.Path()), ImageProblem::Missing) << "a folder is no file";
+}
+
+TEST(Image, TheInspectorsFileIsMadeOfTheTwoAreasOnlyWhenItIsMissing) {
+    support::Simulated s;
+    ASSERT_TRUE(s.Connect());
+    memory::Memory& room = s.program.memory;
+    const auto file = [&s](const char* name) { return s.folder.Path() / name; };
+    ASSERT_FALSE(s.files.Exists(file("FILEEEPROM.DAT")));
+    ASSERT_TRUE(memory::BuildInspectorFile(room));
+    EXPECT_EQ(s.files.Read(file("FILEEEPROM.DAT"), 9999),
+              *s.files.Read(file("FILEEEEXT.APP"), 9999) + *s.files.Read(file("FILEEEINT.APP"), 9999));
+    EXPECT_EQ(memory::LeggiImmagine(s.files, file("FILEEEPROM.DAT")), s.program.tuning.image);
+    s.files.Write(file("FILEEEPROM.DAT"), "of a read");
+    EXPECT_TRUE(memory::BuildInspectorFile(room));
+    EXPECT_EQ(s.files.Read(file("FILEEEPROM.DAT"), 9999), "of a read");
+    s.files.Remove(file("FILEEEPROM.DAT"));
+    s.host.files.FailWrites(true);
+    EXPECT_FALSE(memory::BuildInspectorFile(room));
+    s.host.files.FailWrites(false);
+    s.files.Remove(file("FILEEEINT.APP"));
+    EXPECT_FALSE(memory::BuildInspectorFile(room));
+    EXPECT_FALSE(s.files.Exists(file("FILEEEPROM.DAT"))) << "no half image";
 }
 
 TEST(Image, FixUpsGiveOldImagesTheFineDividerAndForgetTheAdaptation) {
