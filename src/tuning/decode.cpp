@@ -1,3 +1,5 @@
+#include <array>
+
 #include "link/link.h"
 #include "memory/image.h"
 #include "memory/image_cells.h"
@@ -29,38 +31,55 @@ void TakeImageInfo(Tuning& tuning) {
     tuning.memory.state.ScriviData = Flag(info.ScriviData);
 }
 
-// Kind of the pressure sensor by the code that the unit keeps of it.
-constexpr int SensorCell = 3312;
-int SensorType(std::uint32_t code) {
-    constexpr std::uint32_t CodeType0 = 255;
-    constexpr std::uint32_t CodeType1 = 17;
-    if (code == CodeType0) return 0;
-    return code == CodeType1 ? 1 : 2;
-}
-
-// What the live picture needs to know of the sensors.
+// What the live picture needs to know of the sensors, as the conversions of the pages know it.
 void TellLivePicture(Tuning& tuning) {
     eculink::State& link = tuning.memory.link.state;
     link.TipoSondaLambda = static_cast<int>(tuning.calibration.Sonda_Lambda[0].Letto);
     link.mapTable = tuning.CurrentContext().tabella;
-    // The kind of sensor is known of a blank unit too.
-    link.mapTable.tipoSensoreMAP = SensorType(memory::ByteCella(tuning.image, SensorCell, 1));
+}
+
+// Limits while no programmed image gives any: constants and the figures of neighbours count, a cell gives the least and
+// the largest figure that its width holds.
+void SetWidestLimits(MemoriaTable& memoria, const Context& context) {
+    constexpr std::uint32_t LargestByte = 0xFF;
+    constexpr std::uint32_t LargestWord = 0xFFFF;
+    SetLimits(
+        memoria, [](int, int) { return std::uint32_t{0}; }, context);
+    std::array<double, MemoriaCount> least{};
+    for (std::size_t i = 0; i < memoria.size(); ++i) least[i] = memoria[i].Min;
+    SetLimits(
+        memoria, [](int, int bytes) { return bytes == 1 ? LargestByte : LargestWord; }, context);
+    for (std::size_t i = 0; i < memoria.size(); ++i) memoria[i].Min = least[i];
+}
+
+void SetLimitsOfImage(Tuning& tuning) {
+    const bool programmed = tuning.memory.link.shell.state.ImmagineProgrammata == True;
+    if (!tuning.image.empty() && programmed) return SetLimits(tuning.memoria, tuning.Cells(), tuning.CurrentContext());
+    SetWidestLimits(tuning.memoria, tuning.CurrentContext());
 }
 
 }  // namespace
 
 Tuning::Tuning(memory::Memory& owner) : memory(owner) {
-    CostruisciMemoria(memoria);
-    CostruisciCalibrazione(calibration);
+    CostruisciMemoria(*this);
     memory.hooks.DecodificaImmagine = [this] { return DecodificaImmagine(*this); };
     memory.link.loss.ResetCalibration = [this] { ForgetImage(*this); };
-    memory.link.shell.hooks.resolutionChanged.push_back([this] { SetLimits(memoria, Cells(), CurrentContext()); });
+    memory.link.shell.hooks.resolutionChanged.push_back([this] { SetLimitsOfImage(*this); });
+}
+
+void CostruisciMemoria(Tuning& tuning) {
+    CostruisciMemoria(tuning.memoria);
+    CostruisciCalibrazione(tuning.calibration);
+}
+
+std::uint32_t ValoreCella(std::string_view image, const Record& record) {
+    return memory::ByteCella(image, record.EE, record.NByte);
 }
 
 void ForgetImage(Tuning& tuning) {
     constexpr double NotAcquired = -1;
     tuning.image.clear();
-    CostruisciMemoria(tuning.memoria);
+    CostruisciMemoria(tuning);
     for (std::size_t number = 0; number < CalibrationCount; ++number) {
         CalibrationRecord& record = RecordAt(tuning.calibration, number);
         record.Dato = record.Letto = NotAcquired;
@@ -86,17 +105,17 @@ Context Tuning::CurrentContext() const {
 
 bool DecodificaImmagine(Tuning& tuning) {
     shell::Shell& shell = tuning.memory.link.shell;
-    shell.host.files.Remove(shell.FileInFolder(memory::InspectorFile));
+    // The inspector must never show what stood in an earlier unit.
+    if (!shell.host.files.Remove(shell.FileInFolder(memory::InspectorFile))) return false;
     std::string image;
     if (!ReadArea(tuning, memory::ExternalFile, image) || !ReadArea(tuning, memory::InternalFile, image)) return false;
     tuning.image = std::move(image);
-    CostruisciMemoria(tuning.memoria);
-    CostruisciCalibrazione(tuning.calibration);
+    CostruisciMemoria(tuning);
     TakeImageInfo(tuning);
     const bool programmed = shell.state.ImmagineProgrammata == True;
     const bool differentialProbes = shell.state.VarianteAVX == True || shell.state.VarianteQT == True;
     DecodeCalibration(tuning.calibration, tuning.Cells(), programmed, differentialProbes);
-    SetLimits(tuning.memoria, tuning.Cells(), tuning.CurrentContext());
+    SetLimitsOfImage(tuning);
     TellLivePicture(tuning);
     shell.state.SenzaImmagine = False;
     return true;

@@ -24,6 +24,11 @@ constexpr Seed Seeds[] = {
     {345, 112}, {346, 133},  {347, 112},  {348, 133}, {349, 112}, {350, 133}, {351, 112}, {352, 133},
 };
 
+// What stands in Dato while nothing has been read.
+std::string NoFigure() {
+    return std::string(FigureWidth, ' ');
+}
+
 constexpr double ConstantOr0(const Bound& bound) {
     return bound.source == Source::Constant ? bound.value : 0;
 }
@@ -34,7 +39,7 @@ Record FromRow(const Row& row) {
             .NByte = row.NByte,
             .Min = ConstantOr0(row.min),
             .Max = ConstantOr0(row.max),
-            .Dato = {},
+            .Dato = {NoFigure(), NoFigure(), NoFigure()},
             .raw = {},
             .row = &row};
 }

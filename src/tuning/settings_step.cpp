@@ -42,7 +42,7 @@ bool TakeFromBaseMap(Tuning& tuning, const std::vector<std::size_t>& records) {
     const Context context = tuning.CurrentContext();
     for (const std::size_t number : records) {
         Record& record = tuning.memoria[number];
-        TakeRead(record, memory::ByteCella(*image, record.EE, record.NByte), context);
+        TakeRead(record, ValoreCella(*image, record), context);
     }
     return true;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "memory/memory.h"
 #include "tuning/calibration_map.h"
@@ -33,9 +35,16 @@ struct Tuning {
     Context CurrentContext() const;
 };
 
+// Fills every parameter record and every calibration record from its row; no figure of an image stands in them.
+void CostruisciMemoria(Tuning& tuning);
+
+// The count of a parameter's cell in an image text; erased where the text is too short.
+std::uint32_t ValoreCella(std::string_view image, const Record& record);
+
 // Decodes the image in the two area files: image-wide cells, calibration values, parameter records with their limits.
-// The inspector's file is deleted. False when one of the files cannot be read; a short one reads as erased where it
-// ends.
+// Of a blank image nothing but code and date is taken: calibration values are 0, and a limit that a cell would give is
+// as wide as the cell. The inspector's file is deleted. False when it cannot be, or when one of the area files cannot
+// be read; a short one reads as erased where it ends.
 bool DecodificaImmagine(Tuning& tuning);
 
 // No unit is connected: nothing that its image said stands any more, and no sensor counts as acquired.

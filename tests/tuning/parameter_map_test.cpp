@@ -216,10 +216,10 @@ TEST(ParameterMap, ANewInstallationStartsFromItsFiguresAndNothingElseHasAny) {
     }
     for (std::size_t i = 0; i < memoria->size(); ++i) {
         const tuning::Record& record = (*memoria)[i];
-        EXPECT_EQ(record.Dato[0].empty(), i < 321 || i > 352) << i;
+        EXPECT_EQ(record.Dato[0] == std::string(8, ' '), i < 321 || i > 352) << i;
         EXPECT_EQ(record.row, &ParameterRows[i]);
         EXPECT_FALSE(record.raw) << i;
-        EXPECT_TRUE(record.Dato[2].empty()) << i;
+        EXPECT_EQ(record.Dato[2], std::string(8, ' ')) << i;
     }
 }
 
