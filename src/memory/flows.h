@@ -12,7 +12,8 @@ namespace memory {
 
 struct Memory;
 
-// The block flows that move a whole image.
+// The block flows that move a whole image. The last three keep menus and toolbar off until they have ended, in whatever
+// way.
 enum class Flow {
     Connection,   // read at recognition
     Inspector,    // read for the memory inspector
@@ -34,8 +35,6 @@ struct FlowEvents {
 using FlowTable = std::array<FlowEvents, static_cast<std::size_t>(Flow::Count)>;
 
 FlowEvents& EventsOf(Memory& memory, Flow flow);
-
-// The save to the archive, programming and erasing keep menus and toolbar off until they have ended, in whatever way.
 
 // Adds the flows' states to the catalogue.
 void AddFlowStates(Memory& memory);

@@ -168,6 +168,25 @@ class RealTime(EndToEnd):
             console.process.stdin.close()
             self.assertEqual(console.status(), 0)
 
+    def test_erasing_a_device(self):
+        link = self.home / "tty"
+        with self.unit(link) as unit:
+            with Console("--folder", self.folder, "--port", f"COM1={link}") as console:
+                self.ok(console, "wait FlussoAttivo -1 20000")
+                kept = unit.say("read O 4016 80")
+                self.ok(console, "tool EEPROM_SETUP")
+                self.ok(console, "press InEEPROM Inizializza")
+                self.ok(console, "press InEEPROM TastoSI")
+                self.ok(console, "wait StatoCmd 92 19000")
+                self.ok(console, "wait StatoCmd -1 19000")
+                self.assertEqual(self.ok(console, "state")["beeps"], 1)
+                self.assertTrue(self.ok(console, "get InEEPROM Inizializza")["visible"])
+                self.assertEqual(unit.say("read I 0 1024"), "ok data=" + "FF" * 1024)
+                self.assertEqual(unit.say("read O 3072 944"), "ok data=" + "FF" * 944)
+                self.assertEqual(unit.say("read O 4016 80"), kept, "the cells that say who the unit is")
+                console.process.stdin.close()
+                self.assertEqual(console.status(), 0)
+
 
 def main():
     global CONSOLE, CENTRALINA
@@ -176,7 +195,8 @@ def main():
     loader = unittest.TestLoader()
     suite = loader.loadTestsFromTestCase(EndToEnd)
     if CENTRALINA is not None:
-        for name in ("test_the_simulated_unit_inside", "test_instruments_show_what_the_device_streams"):
+        for name in ("test_the_simulated_unit_inside", "test_instruments_show_what_the_device_streams",
+                     "test_erasing_a_device"):
             suite.addTest(RealTime(name))
     os.environ.pop("MARLOVENT_HOME", None)
     sys.exit(not unittest.TextTestRunner(verbosity=2).run(suite).wasSuccessful())

@@ -340,4 +340,86 @@ TEST(Recognition, AWorkFileThatCannotBeDeletedEndsLikeASilentUnit) {
     EXPECT_EQ(u.program->memory.leggoIn.Segnalazione.Text(), u.Text("SEGNALAZIONE_2", "LEGGOIN"));
 }
 
+// The watchdog on the stream runs while the link is idle and the stream alive, and at no other time.
+TEST(Recognition, TheStreamIsWatchedOnlyWhileTheLinkIsReady) {
+    support::ScriptedUnit u;
+    u.version = "01.03 A001";
+    ASSERT_TRUE(u.Start());
+    const auto watched = [&u] { return u.Link().timers.TimeOutDati->Enabled(); };
+    // Longer than the limit, with and without a live frame at its end: nothing is lost.
+    const auto stays = [&](const char* state) {
+        for (const bool frame : {false, true}) {
+            if (frame) u.Take(support::LiveFrame().Long());
+            EXPECT_FALSE(watched()) << state;
+            EXPECT_EQ(u.State().CentralinaDaRiconoscere, False) << state;
+        }
+    };
+    u.Run(10000);
+    EXPECT_FALSE(watched()) << "waiting";
+    u.Take(support::LiveFrame().Long());
+    u.Run(4500);
+    stays("identifying");
+    ASSERT_TRUE(u.Step());
+    u.Run(20000);
+    stays("old program");
+    u.Shell().stack.Press(u.program->memory.leggoIn.Continua);  // the stream was broken: identified again
+    ASSERT_TRUE(u.Step());
+    u.Shell().stack.Press(u.program->memory.leggoIn.Continua);
+    for (int block = 0; block < 64; ++block) {
+        if (block % 16 == 5) {
+            u.Run(4500);
+            stays("reading");
+        }
+        ASSERT_TRUE(u.Step()) << block;
+    }
+    EXPECT_EQ(u.State().StatoCmd, Idle);
+    u.Run(6000);
+    EXPECT_FALSE(watched()) << "read, and no frame since";
+    EXPECT_EQ(u.Shell().state.SenzaImmagine, False);
+    u.Take(support::LiveFrame().Long());
+    EXPECT_TRUE(watched()) << "ready";
+    memory::StartInspectorRead(u.program->memory);
+    u.Run(4500);
+    stays("a command runs");
+    ASSERT_TRUE(u.Converse([&] { return u.State().StatoCmd == Idle; }));
+    EXPECT_TRUE(watched()) << "and has ended";
+    u.Run(3900);
+    EXPECT_EQ(u.State().CentralinaDaRiconoscere, False);
+    u.Run(100);
+    EXPECT_EQ(u.State().CentralinaDaRiconoscere, True);
+    EXPECT_FALSE(watched()) << "waiting again";
+}
+
+TEST(Recognition, AStreamThatBeginsWithBadFramesIsTakenFromItsFirstGoodOne) {
+    support::ScriptedUnit u;
+    ASSERT_TRUE(u.Start());
+    const std::string good = support::LiveFrame().Short();
+    for (const std::string& bad :
+         {good.substr(0, 20), good.substr(25), good.substr(0, 45) + "\x03", good.substr(0, 46) + "0\x03"}) {
+        u.Take(bad);
+        EXPECT_EQ(u.Sent(), "") << bad;
+        EXPECT_EQ(u.State().CentralinaDaRiconoscere, True) << bad;
+        EXPECT_FALSE(u.program->memory.leggoIn.IsOpen()) << bad;
+    }
+    EXPECT_EQ(u.State().framesReceived, 0);
+    u.Take(good);
+    EXPECT_EQ(u.Sent(), frames::IdentityFrame());
+    u.Take(good);
+    EXPECT_EQ(u.Sent(), "") << "once";
+}
+
+TEST(Recognition, EsciPEndsTheProgramAndAsksTheUnitNothing) {
+    support::ScriptedUnit u;
+    u.version = "01.03 A001";
+    ASSERT_TRUE(u.Start());
+    bool ended = false;
+    u.Shell().hooks.End = [&ended] { ended = true; };
+    u.Take(support::LiveFrame().Long());
+    ASSERT_TRUE(u.Step());
+    ASSERT_TRUE(u.Shell().stack.Press(u.program->memory.leggoIn.EsciP).ok);
+    EXPECT_TRUE(ended && u.Shell().state.ended);
+    EXPECT_EQ(u.Shell().state.exitStatus, 0);
+    EXPECT_EQ(u.Sent(), "");
+}
+
 }  // namespace
