@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <optional>
+#include <set>
 #include <stdexcept>
 
 #include "sim/image.h"
