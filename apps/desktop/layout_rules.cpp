@@ -13,6 +13,7 @@ constexpr auto Places = std::to_array<PlaceRule>({
     {"SystemMessage", "Title", Place::Heading},
     {"SystemMessage", "Text", Place::Text},
     {"Infor", "lblTitle", Place::Heading},
+    {"InEEPROM", "MessaggioSel", Place::Heading},
     {"", "MP1", Place::Heading},
     {"", "Pagine", Place::Selector},
     {"", "LabTxt", Place::Head},
