@@ -89,7 +89,9 @@ void Dialog::ShowLimits() {
         if (limits.words->isHidden() == !refused) continue;
         limits.words->setText(Words(plan_.strip->Text()));
         limits.words->setVisible(refused);
-        if (limits.unit != nullptr) view_.WidgetOf(*limits.unit)->setVisible(!refused && limits.unit->Visible());
+        for (const pages::Control* covered : limits.covered) {
+            if (covered != nullptr) view_.WidgetOf(*covered)->setVisible(!refused && covered->Visible());
+        }
     }
 }
 

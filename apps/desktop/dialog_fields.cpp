@@ -105,8 +105,8 @@ void FieldsBuilder::AddLimits(int row, const FieldRow& fields) {
     palette.setColor(QPalette::WindowText, look_.theme.bad);
     limits->setPalette(palette);
     limits->hide();
-    grid_->addWidget(limits, row, Unit);
-    limits_.push_back({fields.value, fields.unit, limits});
+    grid_->addWidget(limits, row, Unit, 1, fields.action == nullptr ? 1 : Action - Unit + 1);
+    limits_.push_back({fields.value, {fields.unit, fields.action}, limits});
 }
 
 // The initial values end where their column does, those to be edited begin where theirs does: so the heads of both

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QWidget>
+#include <array>
 #include <map>
 #include <vector>
 
@@ -11,10 +12,11 @@
 
 namespace desktop {
 
-// Beside a field: why its value was refused, in the place of its unit, which the words name too.
+// Beside a field: why its value was refused, in the place of its unit, which the words name too, and of its button,
+// which does nothing meanwhile.
 struct LimitLabel {
     const pages::Control* field;
-    const pages::Control* unit;  // may be null
+    std::array<const pages::Control*, 2> covered;  // may be null
     QLabel* words;
 };
 using LimitLabels = std::vector<LimitLabel>;
