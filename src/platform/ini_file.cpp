@@ -1,5 +1,6 @@
 #include "platform/ini_file.h"
 
+#include <algorithm>
 #include <set>
 
 #include "platform/text.h"
@@ -100,23 +101,57 @@ void IniText::ForEach(const Visit& visit) const {
     }
 }
 
-void IniText::Set(std::string_view section, std::string_view key, std::string_view value) {
+void IniText::Insert(std::size_t at, std::string line) {
+    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(at), std::move(line));
+}
+
+// A new section stands in front of the first one that the order has behind it.
+std::size_t IniText::MakeSection(std::string_view section, IniOrder order) {
+    const auto isThis = [section](const IniKey& row) { return EqualsIgnoringCase(row.section, section); };
+    std::size_t at = lines_.size();
+    for (auto row = std::find_if(order.begin(), order.end(), isThis); row != order.end(); ++row) {
+        const std::size_t later = isThis(*row) ? NotFound : FindSection(row->section);
+        if (later != NotFound) at = std::min(at, later);
+    }
+    Insert(at, "[" + std::string(section) + "]");
+    return at;
+}
+
+// A new key stands behind the last one that the order has in front of it, or else in front of the first one that the
+// order has behind it.
+std::size_t IniText::PlaceOfKey(std::size_t head, std::string_view section, std::string_view key,
+                                IniOrder order) const {
+    std::size_t end = head + 1;
+    while (end < lines_.size() && !SectionName(lines_[end])) ++end;
+    while (end > head + 1 && TrimAll(lines_[end - 1]).empty()) --end;
+    const auto isThis = [&](const IniKey& row) {
+        return EqualsIgnoringCase(row.section, section) && EqualsIgnoringCase(row.key, key);
+    };
+    const auto own = std::find_if(order.begin(), order.end(), isThis);
+    if (own == order.end()) return end;
+    const auto lineOf = [&](const IniKey& row) {
+        return EqualsIgnoringCase(row.section, section) ? FindKey(section, row.key) : NotFound;
+    };
+    std::size_t behind = NotFound;
+    for (auto row = order.begin(); row != own; ++row) {
+        const std::size_t line = lineOf(*row);
+        if (line != NotFound) behind = behind == NotFound ? line : std::max(behind, line);
+    }
+    if (behind != NotFound) return behind + 1;
+    for (auto row = own; row != order.end(); ++row) end = std::min(end, lineOf(*row));
+    return end;
+}
+
+void IniText::Set(std::string_view section, std::string_view key, std::string_view value, IniOrder order) {
     std::string line = std::string(key) + "=" + std::string(value);
     const std::size_t at = FindKey(section, key);
     if (at != NotFound) {
         lines_[at] = std::move(line);
         return;
     }
-    const std::size_t head = FindSection(section);
-    if (head == NotFound) {
-        lines_.push_back("[" + std::string(section) + "]");
-        lines_.push_back(std::move(line));
-        return;
-    }
-    std::size_t end = head + 1;
-    while (end < lines_.size() && !SectionName(lines_[end])) ++end;
-    while (end > head + 1 && TrimAll(lines_[end - 1]).empty()) --end;
-    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(end), std::move(line));
+    std::size_t head = FindSection(section);
+    if (head == NotFound) head = MakeSection(section, order);
+    Insert(PlaceOfKey(head, section, key, order), std::move(line));
 }
 
 std::string IniText::Content() const {
@@ -133,17 +168,17 @@ std::string GetPrivateProfileString(Files& files, std::string_view section, std:
 }
 
 bool WritePrivateProfileString(Files& files, std::string_view section, std::string_view key, std::string_view value,
-                               const Path& file) {
-    return WritePrivateProfileStrings(files, section, {{key, value}}, file);
+                               const Path& file, IniOrder order) {
+    return WritePrivateProfileStrings(files, section, {{key, value}}, file, order);
 }
 
 bool WritePrivateProfileStrings(Files& files, std::string_view section, const std::vector<IniValue>& values,
-                                const Path& file) {
+                                const Path& file, IniOrder order) {
     const auto content = files.Read(file, Files::DefaultLimit + 1);
     const bool whole = content ? content->size() <= Files::DefaultLimit : !files.Exists(file);
     if (!whole) return false;
     IniText text(content.value_or(std::string()));
-    for (const IniValue& row : values) text.Set(section, row.key, row.value);
+    for (const IniValue& row : values) text.Set(section, row.key, row.value, order);
     return files.Write(file, text.Content());
 }
 

@@ -28,6 +28,7 @@ class OneFile : public Files {
     std::optional<std::uint64_t> Size(const Path&) override { return content ? content->size() : 0; }
     std::vector<std::string> List(const Path&, std::string_view) override { return {}; }
     bool MakeFolders(const Path&) override { return false; }
+    bool MakeCurrent(const Path&) override { return false; }
     bool FolderExists(const Path&) override { return false; }
 
     std::optional<std::string> content;
@@ -86,6 +87,35 @@ TEST(IniText, SettingAKeyKeepsEveryOtherLineAsItStands) {
     EXPECT_EQ(AfterSet(file, "C", "y", "9"), "; head\r\n[A]\r\nx = 1 \r\nrubbish\r\n\r\n[B]\r\nx=2\r\n[C]\r\ny=9\r\n");
     EXPECT_EQ(AfterSet("", "C", "y", "9"), "[C]\r\ny=9\r\n");
     EXPECT_EQ(AfterSet("\xEF\xBB\xBF[C]\n", "C", "y", "9"), "\xEF\xBB\xBF[C]\r\ny=9\r\n");
+}
+
+TEST(IniText, ANewKeyStandsWhereTheOrderHasIt) {
+    constexpr IniKey Order[] = {{"A", "one"}, {"A", "two"}, {"A", "three"}, {"B", "x"}, {"C", "y"}};
+    struct Case {
+        const char* why;
+        std::string_view file;
+        const char* section;
+        const char* key;
+        std::string_view after;
+    };
+    for (const Case& c : {
+             Case{"between two", "[A]\nONE=1\nthree=3\n", "a", "two", "[A]\r\nONE=1\r\ntwo=9\r\nthree=3\r\n"},
+             Case{"first", "[A]\n; remark\nthree=3\n", "A", "one", "[A]\r\n; remark\r\none=9\r\nthree=3\r\n"},
+             Case{"last", "[A]\ntwo=2\n\n[C]\ny=1\n", "A", "three", "[A]\r\ntwo=2\r\nthree=9\r\n\r\n[C]\r\ny=1\r\n"},
+             Case{"behind the last of a wild order", "[A]\ntwo=2\none=1\n", "A", "three",
+                  "[A]\r\ntwo=2\r\none=1\r\nthree=9\r\n"},
+             Case{"unknown key", "[A]\none=1\nthree=3\n", "A", "other", "[A]\r\none=1\r\nthree=3\r\nother=9\r\n"},
+             Case{"section between two", "[A]\none=1\n[C]\ny=1\n", "B", "x",
+                  "[A]\r\none=1\r\n[B]\r\nx=9\r\n[C]\r\ny=1\r\n"},
+             Case{"first section", "; head\n[Other]\n[B]\nx=1\n", "A", "two",
+                  "; head\r\n[Other]\r\n[A]\r\ntwo=9\r\n[B]\r\nx=1\r\n"},
+             Case{"unknown section", "[B]\nx=1\n", "Z", "z", "[B]\r\nx=1\r\n[Z]\r\nz=9\r\n"},
+             Case{"a key there already", "[A]\nthree=3\nOne=1\n", "A", "one", "[A]\r\nthree=3\r\none=9\r\n"},
+         }) {
+        IniText text(c.file);
+        text.Set(c.section, c.key, "9", Order);
+        EXPECT_EQ(text.Content(), c.after) << c.why;
+    }
 }
 
 TEST(IniText, AHugeFileIsReadAndKept) {
