@@ -52,6 +52,7 @@ class MemoryFiles : public platform::Files {
         }
         return names;
     }
+    bool MakeCurrent(const platform::Path&) override { return true; }
     bool MakeFolders(const Path& folder) override {
         folders_.insert(Name(folder));
         return true;

@@ -5,6 +5,8 @@
 #include <array>
 #include <charconv>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/text.h"
 #include "shell/settings.h"
@@ -39,6 +41,18 @@ struct Given {
     std::optional<std::string> trace;
 };
 
+// A path as it is meant where the program is called: at its start it goes to the program directory.
+platform::Path FromHere(const platform::Path& path) {
+    std::error_code error;
+    const platform::Path whole = std::filesystem::absolute(path, error);
+    return error ? path : whole.lexically_normal();
+}
+
+// A bare name ("ttyUSB0", "COM3") is one that the system knows wherever it is used.
+std::string DeviceFromHere(const std::string& device) {
+    return platform::Path(device).has_parent_path() ? FromHere(device).string() : device;
+}
+
 // Splits "COM3=/dev/ttyUSB0"; empty when it is well formed, else what is wrong.
 std::string ReadPort(const std::string& text, CommandLine& line) {
     const std::size_t equals = text.find('=');
@@ -52,7 +66,7 @@ std::string ReadPort(const std::string& text, CommandLine& line) {
     const auto [read, error] = std::from_chars(digits, end, number);
     if (error != std::errc() || read != end || *digits == '0' || number < 1 || number > shell::Ports)
         return "--port knows COM1 to COM" + std::to_string(shell::Ports) + ", not \"" + name + "\"";
-    line.ports[number] = text.substr(equals + 1);
+    line.ports[number] = DeviceFromHere(text.substr(equals + 1));
     return {};
 }
 
@@ -68,7 +82,7 @@ std::string ReadVariant(const std::string& text, CommandLine& line) {
 // A path that was given must be one: an empty text is a script's variable that nobody has set.
 std::string ReadPath(const char* option, const std::optional<std::string>& text, std::optional<platform::Path>& path) {
     if (!text) return {};
-    path = *text;
+    path = FromHere(*text);
     return text->empty() ? std::string(option) + " takes a name, not an empty text" : std::string();
 }
 

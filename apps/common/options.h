@@ -15,9 +15,10 @@ enum class FrontEnd { Console, Desktop };
 // What the command line asks for.
 struct CommandLine {
     std::optional<platform::Path> folder;
-    std::map<int, std::string> ports;  // devices by port number, 1 to 10
+    std::map<int, std::string> ports;  // devices by port number, 1 to 10; absolute like all paths here
     bool simulate = false;
-    std::optional<platform::Path> scenario;  // a file, or the name of a shipped one; none: the standard scenario
+    std::optional<platform::Path> scenario;  // a file, or the name of a shipped one; none: the standard scenario. As
+                                             // given: it is read before the program goes to its directory
     bool virtualTime = false;                // of the console alone
     bool console = false;                    // of the desktop alone: commands on standard input beside the windows
     shell::Variant variant = shell::Variant::None;

@@ -1,5 +1,8 @@
 #include "common/simulation.h"
 
+#include <filesystem>
+#include <system_error>
+
 namespace common {
 
 namespace {
@@ -11,7 +14,8 @@ constexpr const char* ScenarioExtension = ".scn";
 
 Simulation::Simulation(platform::Files& machineFiles) : files(machineFiles) {
     line.SetPace(platform::virt::Pace::BaudRate);
-    unit.UseFiles(files);
+    std::error_code error;
+    unit.UseFiles(files, std::filesystem::current_path(error));
 }
 
 std::string Simulation::Load(const CommandLine& commandLine, const platform::Path& shipped) {

@@ -31,6 +31,8 @@ class Files {
     virtual std::vector<std::string> List(const Path& folder, std::string_view extension) = 0;
     virtual bool MakeFolders(const Path& folder) = 0;
     virtual bool FolderExists(const Path& folder) = 0;
+    // The folder that names without one are looked for in from now on, by the whole process.
+    virtual bool MakeCurrent(const Path& folder) = 0;
 
     static constexpr std::size_t DefaultLimit = 16U << 20U;
 };

@@ -1,6 +1,7 @@
 #include "program/folder.h"
 
 #include <array>
+#include <vector>
 
 #include "shell/settings.h"
 #include "shell/shell.h"
@@ -11,7 +12,11 @@ namespace {
 
 using shell::FolderTrouble;
 
+#ifdef _WIN32
+constexpr const char* FolderName = "Marlovent";
+#else
 constexpr const char* FolderName = "marlovent";
+#endif
 constexpr const char* LanguageExtension = ".LNG";
 
 // What ships, by extension.
@@ -23,15 +28,29 @@ bool IsNew(shell::Shell& shell) {
            files.List(shell.options.folder, LanguageExtension).empty();
 }
 
-bool CopyShipped(shell::Shell& shell) {
-    bool whole = true;
+// The files that ship and that the directory does not hold.
+std::vector<std::string> Missing(shell::Shell& shell) {
+    platform::Files& files = shell.host.files;
+    std::vector<std::string> missing;
     for (const char* extension : ShippedExtensions) {
-        for (const std::string& name : shell.host.files.List(shell.options.shipped, extension)) {
-            const platform::Path file = platform::ToUtf8(name);
-            whole = shell.host.files.Copy(shell.options.shipped / file, shell.options.folder / file) && whole;
+        for (const std::string& name : files.List(shell.options.shipped, extension)) {
+            if (!files.Exists(shell.FileInFolder(name))) missing.push_back(name);
         }
     }
-    return whole;
+    return missing;
+}
+
+// Copies what is missing; never over a file that is there.
+void CopyMissing(shell::Shell& shell) {
+    for (const std::string& name : Missing(shell)) {
+        shell.host.files.Copy(shell.options.shipped / platform::ToUtf8(name), shell.FileInFolder(name));
+    }
+}
+
+std::string Joined(const std::vector<std::string>& names) {
+    std::string out;
+    for (const std::string& name : names) out += (out.empty() ? "" : ", ") + name;
+    return out;
 }
 
 }  // namespace
@@ -59,7 +78,15 @@ void PrepareFolder(shell::Shell& shell) {
         shell.folderTrouble = FolderTrouble::Unwritable;
         return;
     }
-    if (IsNew(shell) && !CopyShipped(shell)) shell.folderTrouble = FolderTrouble::Incomplete;
+    if (IsNew(shell)) CopyMissing(shell);
+}
+
+void CompleteFolder(shell::Shell& shell) {
+    CopyMissing(shell);
+    // With nothing to copy from, a directory with a language is all that can be known to be needed.
+    const bool wordless = shell.host.files.List(shell.options.folder, LanguageExtension).empty();
+    if (shell.folderTrouble == FolderTrouble::None && (wordless || !Missing(shell).empty()))
+        shell.folderTrouble = FolderTrouble::Incomplete;
 }
 
 void LoadLanguage(shell::Shell& shell) {
@@ -74,9 +101,13 @@ void LoadLanguage(shell::Shell& shell) {
 void TellFolderTrouble(shell::Shell& shell) {
     if (shell.folderTrouble == FolderTrouble::None) return;
     const char* key = shell.folderTrouble == FolderTrouble::Unwritable ? "CARTELLA_PROTETTA" : "CARTELLA_INCOMPLETA";
+    const std::string& text = shell.TestoLingua(key, "AVVIO");
+    const std::string missing = Joined(Missing(shell));
     shell.Beep();
-    shell.systemMessage.Show(shell::UsualTitle(shell),
-                             shell::Fill(shell.TestoLingua(key, "AVVIO"), shell.state.CartellaProg));
+    // Where no language can be read there are no words: the key and the directory must do.
+    shell.systemMessage.Show(shell::UsualTitle(shell), text.empty()
+                                                           ? std::string(key) + ": " + shell.state.CartellaProg
+                                                           : shell::Fill(text, shell.state.CartellaProg, missing));
 }
 
 }  // namespace program

@@ -28,6 +28,8 @@ platform::Path ShippedFolder(const platform::Path& executable, const platform::P
 
 // Makes the directory; a new one is filled with what ships. What goes wrong is kept for TellFolderTrouble.
 void PrepareFolder(shell::Shell& shell);
+// Gives an older directory what ships and it lacks, once the language of this run has been chosen among what was there.
+void CompleteFolder(shell::Shell& shell);
 // The texts of the language in use; from what ships when the directory has none because it could not be filled.
 void LoadLanguage(shell::Shell& shell);
 // One clear message when the directory cannot be written or could not be filled.

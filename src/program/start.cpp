@@ -1,7 +1,8 @@
 #include "program/start.h"
 
 #include <array>
-#include <cstdio>
+#include <locale>
+#include <stdexcept>
 
 #include "link/reception.h"
 #include "program/folder.h"
@@ -34,6 +35,7 @@ bool ShowMainWindow(Program& program) {
 
 bool EnterFolder(Program& program) {
     PrepareFolder(program.shell);
+    program.shell.host.files.MakeCurrent(program.shell.options.folder);
     return true;
 }
 
@@ -62,6 +64,7 @@ bool DeleteWorkFiles(Program& program) {
 
 bool LoadTexts(Program& program) {
     shell::Shell& shell = program.shell;
+    CompleteFolder(shell);
     LoadLanguage(shell);
     shell::LoadMainTexts(shell);
     TellFolderTrouble(shell);
@@ -73,11 +76,14 @@ bool ReadResolution(Program& program) {
     return true;
 }
 
-// The third character of 10.4 as this system writes it.
+// The third character of 10.4 as this system writes it. The system's own locale is asked, not that of the process: a
+// front end may or may not have taken it over.
 char DecimalSeparator() {
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "%.1f", 10.4);
-    return text[2];
+    try {
+        return std::use_facet<std::numpunct<char>>(std::locale("")).decimal_point();
+    } catch (const std::runtime_error&) {
+        return '.';  // the environment names a locale that is not installed
+    }
 }
 
 bool InitialiseState(Program& program) {
@@ -85,6 +91,10 @@ bool InitialiseState(Program& program) {
     eculink::CaricaCanali(program.link);
     eculink::AzzeraDati(program.link);
     program.link.state.BufferRx.clear();
+    program.shell.state.charts = {};
+    // Places and origin of the chart, and whatever waits to be written to a recording, begin afresh here too.
+    program.shell.state.FileRegistrazione.clear();
+    if (program.link.loss.CloseRecording) program.link.loss.CloseRecording();
     shell::AbilitaComandi(program.shell, True);
     return true;
 }
@@ -106,7 +116,7 @@ bool OpenSerialPort(Program& program) {
 }
 
 bool ReadChartSettings(Program& program) {
-    if (!shell::MarloExists(program.shell)) shell::WriteChartDefaults(program.shell);
+    shell::LeggiGrafici(program.shell);
     return true;
 }
 

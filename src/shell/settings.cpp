@@ -14,6 +14,7 @@ namespace {
 constexpr const char* MarloName = "MARLO.INI";
 constexpr const char* ConfigName = "CONFIG.INI";
 constexpr const char* Serial = "SERIALE";
+constexpr const char* Charts = "GRAFICI";
 constexpr const char* LanguageExtension = ".LNG";
 
 struct SerialRow {
@@ -41,6 +42,25 @@ constexpr std::array<platform::IniValue, 4> ChartDefaults{{
     {"Grafico_4", "4"},
 }};
 
+// The order in which new keys are written.
+constexpr auto ConfigOrder = std::to_array<platform::IniKey>({
+    {Serial, "COM"},
+    {Serial, "BAUD_RATE"},
+    {Serial, "PARITA"},
+    {Serial, "BIT_DATI"},
+    {Serial, "BIT_STOP"},
+});
+constexpr auto MarloOrder = std::to_array<platform::IniKey>({
+    {"IMPOSTAZIONI", "Lingua"},
+    {"IMPOSTAZIONI", "Computer"},
+    {"RISOLUZIONE", "Risoluzione"},
+    {Charts, "Grafico_1"},
+    {Charts, "Grafico_2"},
+    {Charts, "Grafico_3"},
+    {Charts, "Grafico_4"},
+    {"SCHEMI", "Directory"},
+});
+
 platform::Path File(const Shell& shell, const char* name) {
     return shell.options.folder / name;
 }
@@ -56,7 +76,12 @@ std::string ReadMarlo(Shell& shell, const char* section, const char* key, const 
 }
 
 bool WriteMarlo(Shell& shell, const char* section, const char* key, const std::string& value) {
-    return platform::WritePrivateProfileString(shell.host.files, section, key, value, File(shell, MarloName));
+    return platform::WritePrivateProfileString(shell.host.files, section, key, value, File(shell, MarloName),
+                                               MarloOrder);
+}
+
+bool WriteSerial(Shell& shell, const std::vector<platform::IniValue>& values) {
+    return platform::WritePrivateProfileStrings(shell.host.files, Serial, values, File(shell, ConfigName), ConfigOrder);
 }
 
 bool MarloExists(Shell& shell) {
@@ -84,7 +109,7 @@ void LeggiSeriale(Shell& shell) {
     if (missing) {
         std::vector<platform::IniValue> values;
         for (const SerialRow& row : SerialRows) values.push_back({row.key, row.writtenDefault});
-        platform::WritePrivateProfileStrings(shell.host.files, Serial, values, file);
+        WriteSerial(shell, values);
     }
     for (const SerialRow& row : SerialRows) {
         // In a folder that cannot be written the working set holds all the same.
@@ -100,10 +125,24 @@ void LeggiRisoluzione(Shell& shell) {
     if (frames::IsNumeric(value)) shell.state.RisoluzionePiena = Flag(frames::ValoreNum(value) == 0);
 }
 
-void WriteChartDefaults(Shell& shell) {
-    platform::WritePrivateProfileStrings(shell.host.files, "GRAFICI", {ChartDefaults.begin(), ChartDefaults.end()},
-                                         File(shell, MarloName));
-    WriteMarlo(shell, "SCHEMI", "Directory", "");
+void LeggiGrafici(Shell& shell) {
+    constexpr double LastChannel = 17;
+    const bool missing = !shell.host.files.Exists(File(shell, MarloName));
+    if (missing) {
+        platform::WritePrivateProfileStrings(shell.host.files, Charts, {ChartDefaults.begin(), ChartDefaults.end()},
+                                             File(shell, MarloName), MarloOrder);
+        WriteMarlo(shell, "SCHEMI", "Directory", "");
+    }
+    ChartSettings& charts = shell.state.charts;
+    for (std::size_t i = 0; i < ChartDefaults.size(); ++i) {
+        const platform::IniValue& row = ChartDefaults[i];
+        // In a folder that cannot be written the usual four hold all the same.
+        const std::string text = ReadMarlo(shell, Charts, row.key.data(), missing ? row.value.data() : "-1");
+        const double channel = frames::IsNumeric(text) ? frames::ValoreNum(text) : ChartSettings::Empty;
+        const bool legal = channel >= 0 && channel <= LastChannel;
+        charts.Grafico[i] = legal ? static_cast<int>(channel) : ChartSettings::Empty;
+    }
+    charts.Directory = ReadMarlo(shell, "SCHEMI", "Directory", "");
 }
 
 std::string DeviceOfPort(Shell& shell, int port) {

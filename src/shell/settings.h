@@ -1,6 +1,9 @@
 #pragma once
 
 #include <string>
+#include <vector>
+
+#include "platform/ini_file.h"
 
 namespace shell {
 
@@ -14,11 +17,14 @@ void LeggiLingua(Shell& shell);
 void LeggiSeriale(Shell& shell);
 // Full or reduced display of raw figures; the build's variant decides where the text is no number.
 void LeggiRisoluzione(Shell& shell);
-// The chart keys and the scheme folder, written when MARLO.INI did not exist at the start of the program.
-void WriteChartDefaults(Shell& shell);
+// Which channels are on the chart, and the folder of the wiring schemes. A missing MARLO.INI is first written with the
+// usual four; a missing key, or one that names no channel, is an empty place.
+void LeggiGrafici(Shell& shell);
 
 std::string ReadMarlo(Shell& shell, const char* section, const char* key, const char* otherwise);
 bool WriteMarlo(Shell& shell, const char* section, const char* key, const std::string& value);
+// Keys of the serial line into CONFIG.INI, in one write.
+bool WriteSerial(Shell& shell, const std::vector<platform::IniValue>& values);
 bool MarloExists(Shell& shell);
 
 // Highest number of a port that can be chosen.

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/ini_file.h"
 #include "platform/text.h"
 #include "shell/message.h"
 #include "shell/settings.h"
@@ -141,8 +140,8 @@ bool ConfSer::Store() {
         if (row.list.Index() < 0) continue;
         values.push_back({row.key, row.texts.at(static_cast<std::size_t>(row.list.Index()))});
     }
-    const platform::Path file = shell_.FileInFolder("CONFIG.INI");
-    if (!platform::WritePrivateProfileStrings(shell_.host.files, "SERIALE", values, file)) return TellUnwritable();
+    if (!WriteSerial(shell_, values)) return TellUnwritable();
+    Stored();
     LeggiSeriale(shell_);
     return !shell_.hooks.ApriPorta || shell_.hooks.ApriPorta() == 0;
 }

@@ -26,6 +26,8 @@ struct SettingsPage : pages::Page {
     void Watch(pages::Control& control);
     // For the constructor of a dialog: its own controls come before the two buttons.
     void PutButtonsLast();
+    // What was edited stands in the file, although the dialog may stay open: leaving asks nothing any more.
+    void Stored() { changed_ = false; }
     // Says that the program directory cannot be written; gives back false, which keeps the dialog open.
     bool TellUnwritable();
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <map>
 #include <string>
 
@@ -29,6 +30,15 @@ struct SerialTexts {
     std::string stopBits;
 };
 
+// What MARLO.INI says of the charts, as it was read at the start.
+struct ChartSettings {
+    static constexpr int Empty = -1;
+    static constexpr std::size_t Places = 4;
+
+    std::array<int, Places> Grafico{Empty, Empty, Empty, Empty};  // channel on each place of the chart
+    std::string Directory;                                        // where wiring schemes were last looked for
+};
+
 // The global state of the shell; flags are -1 and 0.
 struct State {
     std::string CartellaProg;  // UTF-8 is an edge: here code page 1252
@@ -47,6 +57,7 @@ struct State {
     int RisoluzionePiena = False;  // -1: raw figures show 0..1023, else they are scaled to 0..255
     int FirmwareVecchio = False;   // the unit's program is older than 01.04
     SerialTexts serial;
+    ChartSettings charts;
 
     Pointer pointer = Pointer::Normal;
     int beeps = 0;

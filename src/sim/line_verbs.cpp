@@ -249,7 +249,7 @@ bool LiveFrameOf(const TraceEntry& entry) {
 
 Answer Play(Parts& parts, const std::string& name, Playing what) {
     if (parts.files == nullptr) return Refusal("no files can be read here");
-    const auto text = parts.files->Read(name);
+    const auto text = parts.files->Read(parts.folder / name);
     if (!text) return Refusal(InQuotes(name) + " cannot be read");
     Trace trace = ReadTrace(*text);
     if (!trace.error.empty()) return Refusal(InQuotes(name) + ", " + trace.error);

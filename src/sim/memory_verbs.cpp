@@ -59,7 +59,7 @@ Parsed ParseCell(const Words& arguments) {
 
 Answer LoadImageFile(Parts& parts, const std::string& name) {
     if (parts.files == nullptr) return Refusal("no files can be read here");
-    const auto text = parts.files->Read(name);
+    const auto text = parts.files->Read(parts.folder / name);
     if (!text) return Refusal(InQuotes(name) + " cannot be read");
     if (!LoadImageText(*text, parts.memory)) {
         return Refusal(InQuotes(name) + " is no image: 128 lines of 32 hexadecimal digits, 4352 bytes");

@@ -45,6 +45,7 @@ struct Parts {
     platform::Clock& clock;
     platform::LineEnd& line;
     platform::Files* files = nullptr;  // without it no image, trace or scenario can be read by name
+    platform::Path folder;             // where names without a folder are looked for
 
     Memory memory;
     CodeArea code;

@@ -24,8 +24,9 @@ Unit::Unit(platform::Clock& clock, platform::Timers& timers, platform::LineEnd& 
 
 Unit::~Unit() = default;
 
-void Unit::UseFiles(platform::Files& files) {
+void Unit::UseFiles(platform::Files& files, const platform::Path& folder) {
     inside_->parts.files = &files;
+    inside_->parts.folder = folder;
 }
 
 Answer Unit::Line(std::string_view line) {

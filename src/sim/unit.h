@@ -25,7 +25,8 @@ class Unit {
     Unit& operator=(const Unit&) = delete;
 
     // Lets the lines `image` and `play` read files; without it they are refused.
-    void UseFiles(platform::Files& files);
+    // Names without a folder are looked for in the one given, whatever becomes the current one later.
+    void UseFiles(platform::Files& files, const platform::Path& folder = {});
 
     // One line of the scenario language, now ("at 2 ..." counts from now). A bad line changes nothing.
     Answer Line(std::string_view line);

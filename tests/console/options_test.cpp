@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace {
 
 using common::CommandLine;
@@ -16,13 +18,16 @@ TEST(Options, EachIsUnderstood) {
                                             "--virtual-time", "--simulate", "--variant", "avx", "--trace", "t.txt"});
     ASSERT_TRUE(reading.line) << reading.message;
     const CommandLine& line = *reading.line;
-    EXPECT_EQ(line.folder, "here");
+    const platform::Path here = std::filesystem::current_path();
+    EXPECT_EQ(line.folder, here / "here");
     EXPECT_EQ(line.ports, (std::map<int, std::string>{{1, "/dev/ttyUSB0"}, {10, "COM3"}}));
     EXPECT_TRUE(line.simulate);
     EXPECT_FALSE(line.scenario);
     EXPECT_TRUE(line.virtualTime);
     EXPECT_EQ(line.variant, shell::Variant::Avx);
-    EXPECT_EQ(line.trace, "t.txt");
+    EXPECT_EQ(line.trace, here / "t.txt");
+    EXPECT_EQ(ReadCommandLine(FrontEnd::Console, {"--port", "COM1=./pty"}).line->ports.at(1), here / "pty");
+    EXPECT_EQ(ReadCommandLine(FrontEnd::Console, {"--port", "COM1=ttyUSB0"}).line->ports.at(1), "ttyUSB0");
 
     EXPECT_EQ(ReadCommandLine(FrontEnd::Console, {"--simulate", "drive.scn"}).line->scenario, "drive.scn");
     EXPECT_TRUE(ReadCommandLine(FrontEnd::Desktop, {"--console"}).line->console);

@@ -199,6 +199,19 @@ INSTANTIATE_TEST_SUITE_P(WithoutFault, FilesContract, ::testing::Values(MakeFile
 
 }  // namespace
 
+TEST(RealFiles, FindNamesWithoutAFolderInTheCurrentOne) {
+    const Folder folder;
+    platform::real::RealFiles disk;
+    const std::filesystem::path before = std::filesystem::current_path();
+    ASSERT_TRUE(disk.MakeFolders(folder / "Prog"));
+    EXPECT_FALSE(disk.MakeCurrent(folder / "no"));
+    EXPECT_TRUE(disk.MakeCurrent(folder / "PROG"));
+    EXPECT_TRUE(disk.Write("a.txt", "x"));
+    EXPECT_EQ(disk.List("", ".TXT"), Names{"a.txt"});
+    std::filesystem::current_path(before);
+    EXPECT_EQ(disk.Read(folder / "Prog/a.txt", 100), "x");
+}
+
 TEST(FaultyFiles, TheNthOperationFailsAndChangesNothing) {
     const Folder folder;
     platform::real::RealFiles disk;
@@ -214,6 +227,7 @@ TEST(FaultyFiles, TheNthOperationFailsAndChangesNothing) {
         {"size", [&] { return files.Size(folder / "a").has_value(); }},
         {"list", [&] { return !files.List(folder.Path(), "").empty(); }},
         {"make folders", [&] { return files.MakeFolders(folder / "c"); }},
+        {"make current", [&] { return files.MakeCurrent(folder.Path()); }},
         {"folder exists", [&] { return files.FolderExists(folder.Path()); }},
     };
     for (const auto& [name, operation] : operations) {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <clocale>
+#include <cstdlib>
 #include <vector>
 
 #include "program/folder.h"
@@ -47,6 +50,7 @@ TEST(Start, FillsANewFolderAndWaits) {
     for (const char* name : {"ITALIANO.LNG", "INGLESE.LNG"}) {
         EXPECT_EQ(m.FileContent(name), files.Read(m.options.shipped / name));
     }
+    EXPECT_EQ(m.host.files.Current(), m.options.folder) << "the current one from now on";
     EXPECT_EQ(m.host.line.Port().Settings(), "38400,N,8,1");
     EXPECT_TRUE(m.host.line.Port().PortOpen());
     EXPECT_EQ(m.Sent(), "") << "nothing is asked of a unit before it is heard";
@@ -93,13 +97,40 @@ TEST(Start, LeavesAFolderThatIsNotNewAsItStands) {
     EXPECT_TRUE(m.Start());
     EXPECT_EQ(m.FileContent("CONFIG.INI"), config);
     EXPECT_EQ(m.FileContent("MARLO.INI"), marlo);
-    EXPECT_EQ(m.FileContent("ITALIANO.LNG"), std::nullopt);
     EXPECT_EQ(m.Shell().state.Lingua, "ITALIANO");
-    EXPECT_EQ(m.Shell().main.Title(), "") << "without a language file the texts are empty, never a failure";
     EXPECT_EQ(m.Shell().state.TipoComputer, 0);
+}
+
+TEST(Start, GivesAnOlderFolderWhatItLacksAndNothingElse) {
+    const std::string own = "[MARLOVENT]\r\nCAPTION=mio\r\n";
+    support::Machine m;
+    m.WriteFile("MARLO.INI", "[IMPOSTAZIONI]\r\nLingua=INGLESE\r\n");
+    m.WriteFile("italiano.lng", own);
+    EXPECT_TRUE(m.Start());
+    EXPECT_EQ(m.Shell().state.Lingua, "italiano") << "chosen among what was there";
+    EXPECT_EQ(m.Shell().main.Title(), "mio");
+    EXPECT_EQ(m.FileContent("italiano.lng"), own);
+    EXPECT_EQ(m.FileContent("ITALIANO.LNG"), std::nullopt) << "the same file in other letters";
+    EXPECT_EQ(m.FileContent("INGLESE.LNG"), m.files.Read(m.options.shipped / "INGLESE.LNG"));
     EXPECT_FALSE(m.IsOpen("SystemMessage"));
+    m.Restart();
+    EXPECT_EQ(m.Shell().state.Lingua, "INGLESE");
+}
+
+TEST(Start, WorksByPositionWithoutAnyLanguage) {
+    support::Machine m;
+    m.options.shipped.clear();
+    EXPECT_TRUE(m.Start());
+    EXPECT_EQ(m.Shell().state.Lingua, "ITALIANO");
+    EXPECT_EQ(m.Shell().main.Title(), "") << "the texts are empty, never a failure";
+    shell::SystemMessage& box = m.Shell().systemMessage;
+    EXPECT_EQ(box.Text.Text(), "CARTELLA_INCOMPLETA: " + m.Shell().state.CartellaProg)
+        << "in no language there are no words";
+    EXPECT_EQ(m.host.sound.beeps, 1);
+    m.Shell().stack.Press(box.OK);
+    EXPECT_FALSE(box.IsOpen()) << "told once";
     m.Take(support::LiveFrame().Short());
-    EXPECT_EQ(m.State().StatoCmd, 80) << "and the program works by position";
+    EXPECT_EQ(m.State().StatoCmd, 80);
 }
 
 TEST(Start, ChoosesTheLanguageThatIsThere) {
@@ -127,7 +158,6 @@ TEST(Start, ChoosesTheLanguageThatIsThere) {
         s.Start();
         EXPECT_EQ(s.Shell().state.Lingua, c.language) << c.marlo;
         EXPECT_EQ(s.FileContent("MARLO.INI"), c.marlo) << "the choice in the file is not rewritten";
-        EXPECT_EQ(s.Shell().main.Title().empty(), c.gone.size() == 2) << c.marlo;
     }
 }
 
@@ -150,6 +180,51 @@ TEST(Start, RepairsTheKindOfComputer) {
         EXPECT_EQ(s.Shell().state.TipoComputer, c.kind);
         EXPECT_EQ(s.FileContent("MARLO.INI"), marlo(c.after));
     }
+}
+
+TEST(Start, ReadsWhatTheChartShows) {
+    struct Case {
+        const char* marlo;  // null: no such file
+        std::array<int, 4> places;
+        const char* schemes;
+    };
+    for (const Case& c : {
+             Case{nullptr, {0, 2, 1, 4}, ""},
+             Case{"", {-1, -1, -1, -1}, ""},
+             Case{"[GRAFICI]\r\nGrafico_1=3\r\nGrafico_3=-1\r\nGrafico_4=17\r\n[SCHEMI]\r\nDirectory=/schemi\r\n",
+                  {3, -1, -1, 17},
+                  "/schemi"},
+             Case{"[GRAFICI]\r\nGrafico_1=giri\r\nGrafico_2=18\r\nGrafico_3=1e9\r\nGrafico_4=\r\n",
+                  {-1, -1, -1, -1},
+                  ""},
+         }) {
+        Settled s;
+        if (c.marlo != nullptr) s.WriteFile("MARLO.INI", c.marlo);
+        s.Start();
+        EXPECT_EQ(s.Shell().state.charts.Grafico, c.places);
+        EXPECT_EQ(s.Shell().state.charts.Directory, c.schemes);
+    }
+    Settled s;
+    s.host.files.FailWrites(true);
+    s.Start();
+    EXPECT_EQ(s.Shell().state.charts.Grafico, (std::array<int, 4>{0, 2, 1, 4})) << "although they cannot be stored";
+}
+
+// Whatever the front end has made of the locale of the process.
+TEST(Start, TakesTheDecimalSeparatorOfTheSystem) {
+    for (const char* process : {"C", ""}) {
+        Settled s;
+        setenv("LC_ALL", "C", 1);
+        setlocale(LC_ALL, process);
+        s.Start();
+        EXPECT_EQ(s.Shell().state.SepDecimale, '.');
+    }
+    Settled s;
+    setenv("LC_ALL", "no_SUCH.locale", 1);
+    EXPECT_TRUE(s.Start());
+    EXPECT_EQ(s.Shell().state.SepDecimale, '.');
+    unsetenv("LC_ALL");
+    setlocale(LC_ALL, "C");
 }
 
 TEST(Start, ReadsTheResolutionOverTheVariant) {
@@ -273,8 +348,9 @@ TEST(Start, TellsThatAFolderCouldNotBeFilled) {
     m.program = std::make_unique<Program>(
         platform::Host{host.clock, host.timers, host.port, host.probe, full, host.sound, host.instance}, m.options);
     EXPECT_TRUE(program::Start(*m.program));
-    EXPECT_EQ(m.Shell().systemMessage.Text.Text(),
-              shell::Fill(m.Text("CARTELLA_INCOMPLETA", "AVVIO"), m.Shell().state.CartellaProg));
+    EXPECT_EQ(
+        m.Shell().systemMessage.Text.Text(),
+        shell::Fill(m.Text("CARTELLA_INCOMPLETA", "AVVIO"), m.Shell().state.CartellaProg, "INGLESE.LNG, ITALIANO.LNG"));
     EXPECT_NE(m.Text("CARTELLA_INCOMPLETA", "AVVIO"), "");
     m.program.reset();
 }

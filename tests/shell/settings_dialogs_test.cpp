@@ -170,8 +170,8 @@ TEST(ConfSer, WritesTheKeysAndOpensThePortAnew) {
     w.Stack().Press(page.Salva);
     EXPECT_FALSE(page.IsOpen());
     EXPECT_EQ(w.FileContent("CONFIG.INI"),
-              "; note\r\n[SERIALE]\r\nCOM=COM4\r\nALTRO=x\r\nBAUD_RATE=9600\r\nPARITA=DISPARI\r\nBIT_DATI=7\r\n"
-              "BIT_STOP=1.5\r\n");
+              "; note\r\n[SERIALE]\r\nCOM=COM4\r\nBAUD_RATE=9600\r\nPARITA=DISPARI\r\nBIT_DATI=7\r\n"
+              "BIT_STOP=1.5\r\nALTRO=x\r\n");
     EXPECT_EQ(w.host.line.Port().Settings(), "9600,O,7,1.5");
     EXPECT_EQ(w.host.line.Port().Device(), "/dev/ttyUSB7");
     EXPECT_TRUE(w.host.line.Port().PortOpen());
@@ -188,6 +188,7 @@ TEST(ConfSer, StaysOpenWhenThePortCannotBeOpened) {
     w.Stack().Press(w.Shell().systemMessage.OK);
     EXPECT_TRUE(page.IsOpen());
     EXPECT_FALSE(w.host.line.Port().PortOpen());
+    EXPECT_FALSE(page.Changed()) << "the file holds what was edited";
     w.host.line.RefuseOpening(false);
     w.Stack().Press(page.Salva);
     EXPECT_FALSE(page.IsOpen());

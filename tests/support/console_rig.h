@@ -29,6 +29,8 @@ struct ConsoleRig {
         std::filesystem::create_directories(options.folder);
     }
     ~ConsoleRig() {
+        std::error_code away;
+        std::filesystem::current_path(before, away);
         interpreter.reset();
         program.reset();
         std::error_code ignored;
@@ -64,6 +66,7 @@ struct ConsoleRig {
         return answer ? console::Json::parse(*answer) : console::Json();
     }
 
+    std::filesystem::path before = std::filesystem::current_path();
     shell::Options options;
     platform::real::RealFiles files;
     platform::real::InstanceLock instance;

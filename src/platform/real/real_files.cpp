@@ -170,4 +170,10 @@ bool RealFiles::FolderExists(const Path& folder) {
     return fs::is_directory(Resolve(folder), error);
 }
 
+bool RealFiles::MakeCurrent(const Path& folder) {
+    std::error_code error;
+    fs::current_path(Resolve(folder), error);
+    return !error;
+}
+
 }  // namespace platform::real

@@ -17,6 +17,7 @@ class RealFiles : public Files {
     std::vector<std::string> List(const Path& folder, std::string_view extension) override;
     bool MakeFolders(const Path& folder) override;
     bool FolderExists(const Path& folder) override;
+    bool MakeCurrent(const Path& folder) override;
 };
 
 }  // namespace platform::real

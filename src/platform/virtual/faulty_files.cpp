@@ -53,4 +53,10 @@ bool FaultyFiles::FolderExists(const Path& folder) {
     return !Fails(false) && real_.FolderExists(folder);
 }
 
+bool FaultyFiles::MakeCurrent(const Path& folder) {
+    if (Fails(false)) return false;
+    current_ = folder;
+    return true;
+}
+
 }  // namespace platform::virt

@@ -26,6 +26,9 @@ class FaultyFiles : public Files {
     std::vector<std::string> List(const Path& folder, std::string_view extension) override;
     bool MakeFolders(const Path& folder) override;
     bool FolderExists(const Path& folder) override;
+    // Noted, not done: the process goes on in its own folder.
+    bool MakeCurrent(const Path& folder) override;
+    const Path& Current() const { return current_; }
 
   private:
     bool Fails(bool write);
@@ -35,6 +38,7 @@ class FaultyFiles : public Files {
     int failAt_ = 0;
     bool forEver_ = false;
     bool failWrites_ = false;
+    Path current_;
 };
 
 }  // namespace platform::virt
