@@ -66,7 +66,7 @@ Grafici::Grafici(Link& owner) : Page("Grafici"), link_(owner) {
     Commu.SetIndex(UnknownPosition);
     // Closing by hand is refused as long as nothing is on the chart, unless the main window itself is closing.
     whyNotClose = [this] {
-        return link_.shell.state.InChiusura == shell::True ? pages::Reason::None : pages::Reason::NothingChosen;
+        return link_.shell.state.InChiusura == shell::True ? pages::Reason::None : pages::Reason::EmptyChart;
     };
 }
 

@@ -46,12 +46,13 @@ void Page::SetFocus(Control* control) {
     Touch();
 }
 
-Control* Page::NextFocus(const Control* from) const {
-    const std::size_t count = controls_.size();
+// Goes round the controls in that direction (1 or -1), once; from the end when `from` is none of them.
+Control* Page::FocusAt(const Control* from, int direction) const {
+    const auto count = static_cast<std::ptrdiff_t>(controls_.size());
     const auto at = std::find(controls_.begin(), controls_.end(), from);
-    const std::size_t start = at == controls_.end() ? count - 1 : static_cast<std::size_t>(at - controls_.begin());
-    for (std::size_t step = 1; step <= count; ++step) {
-        Control* next = controls_[(start + step) % count];
+    const std::ptrdiff_t start = at == controls_.end() ? count - 1 : at - controls_.begin();
+    for (std::ptrdiff_t step = 1; step <= count; ++step) {
+        Control* next = controls_[static_cast<std::size_t>((start + count + direction * step) % count)];
         if (TakesFocus(*next)) return next;
     }
     return nullptr;

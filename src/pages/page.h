@@ -40,7 +40,8 @@ class Page {
     // The control that had the focus before the present one; for a button that acts on the field the fitter comes from.
     Control* FocusBefore() const { return before_; }
     // The next control behind `from` that can take the focus, going round; null when none can.
-    Control* NextFocus(const Control* from) const;
+    Control* NextFocus(const Control* from) const { return FocusAt(from, 1); }
+    Control* PreviousFocus(const Control* from) const { return FocusAt(from, -1); }
 
     // Keys of the page, for example F1 for the button that saves. A key works while its button is visible and enabled.
     void BindKey(std::string key, Button& button) { keys_.push_back({std::move(key), &button}); }
@@ -69,6 +70,7 @@ class Page {
         Button* button;
     };
 
+    Control* FocusAt(const Control* from, int direction) const;
     void Add(Control& control) { controls_.push_back(&control); }
     void Touch() { ++version_; }
 

@@ -12,7 +12,7 @@ struct Row {
 };
 
 // texts of MOTIVI
-constexpr std::array<Row, 23> Keys{{
+constexpr std::array<Row, 25> Keys{{
     {Reason::NoUnit, "NESSUNA_CENTRALINA"},
     {Reason::Transaction, "TRANSAZIONE"},
     {Reason::Calibration, "TARATURA"},
@@ -31,7 +31,9 @@ constexpr std::array<Row, 23> Keys{{
     {Reason::ReadingFailed, "LETTURA_FALLITA"},
     {Reason::BlankUnit, "CENTRALINA_VUOTA"},
     {Reason::Closed, "CHIUSA"},
-    {Reason::UnknownControl, "SCONOSCIUTO"},
+    {Reason::WrongKind, "ALTRO_COMANDO"},
+    {Reason::NoSuchButton, "NESSUN_PULSANTE"},
+    {Reason::EmptyChart, "GRAFICO_VUOTO"},
     {Reason::NoSuchEntry, "INDICE"},
     {Reason::KeyDoesNothing, "TASTO"},
     {Reason::OldProgram, "FIRMWARE_VECCHIO"},

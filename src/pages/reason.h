@@ -25,7 +25,9 @@ enum class Reason {
     ReadingFailed,   // the page could not be read from the unit
     BlankUnit,       // the unit is blank
     Closed,          // the page is not open
-    UnknownControl,  // no such control, or it does not take this input
+    WrongKind,       // the control does not take this input
+    NoSuchButton,    // no toolbar button of that name
+    EmptyChart,      // no channel is on the chart
     NoSuchEntry,     // index outside the list
     KeyDoesNothing,  // the key has no meaning here
     OldProgram,      // the unit's program is too old

@@ -1,6 +1,10 @@
 #include "pages/stack.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "platform/text.h"
 
 namespace pages {
 
@@ -24,9 +28,47 @@ void Call(const Control::Handler& handler) {
     if (handler) handler();
 }
 
+void PutText(Control& field, std::string text) {
+    field.SetText(std::move(text));
+    field.pending = true;
+    Call(field.onChange);
+}
+
 bool IsPressable(const Control& control) {
     const Kind kind = control.GetKind();
     return kind == Kind::Button || kind == Kind::Option || kind == Kind::Check;
+}
+
+// The entry of a list to which an arrow key goes, the first where none is chosen; nothing for other keys and controls.
+std::optional<int> IndexAfterKey(const Control& list, std::string_view key) {
+    const bool one = (list.GetKind() == Kind::Combo || list.GetKind() == Kind::List) && !list.Multiple();
+    if (!one || list.Items().empty()) return std::nullopt;
+    const int last = static_cast<int>(list.Items().size()) - 1;
+    if (key == "Up") return std::max(list.Index() - 1, 0);
+    if (key == "Down") return std::min(list.Index() + 1, last);
+    if (key == "Home") return 0;
+    if (key == "End") return last;
+    return std::nullopt;
+}
+
+// The letter behind the mark of a caption, in upper case; a doubled mark stands for itself.
+std::string AccessKey(std::string_view caption) {
+    for (std::size_t at = caption.find('&'); at != std::string_view::npos && at + 1 < caption.size();
+         at = caption.find('&', at + 2)) {
+        if (caption[at + 1] != '&') return platform::UpperCase(caption.substr(at + 1, 1));
+    }
+    return {};
+}
+
+// What "Alt+S" presses: the visible control whose caption marks that letter; null when there is none.
+Control* WithAccessKey(const Page& page, std::string_view key) {
+    constexpr std::string_view Alt = "Alt+";
+    if (!key.starts_with(Alt) || key.size() != Alt.size() + 1) return nullptr;
+    const std::string letter = platform::UpperCase(key.substr(Alt.size()));
+    for (Control* control : page.Controls()) {
+        if (IsPressable(*control) && control->Visible() && AccessKey(control->Text()) == letter) return control;
+    }
+    return nullptr;
 }
 
 // Of the options of a group (all options of a page whose names differ in the index alone) only one is on.
@@ -120,7 +162,7 @@ Outcome PageStack::ReachEditable(Control& control, const std::function<bool()>& 
 }
 
 Outcome PageStack::Press(Control& control) {
-    if (!IsPressable(control)) return Outcome::Refused(Reason::UnknownControl);
+    if (!IsPressable(control)) return Outcome::Refused(Reason::WrongKind);
     if (const Outcome reached = ReachEditable(control); !reached.ok) return reached;
     control.Owner().SetFocus(&control);
     if (control.GetKind() == Kind::Option) TurnOn(control);
@@ -130,30 +172,49 @@ Outcome PageStack::Press(Control& control) {
     return Outcome::Done();
 }
 
+Outcome PageStack::Replace(Control& field, std::string_view text) {
+    if (field.GetKind() != Kind::Field) return Outcome::Refused(Reason::WrongKind);
+    if (const Outcome reached = ReachEditable(field); !reached.ok) return reached;
+    field.Owner().SetFocus(&field);
+    PutText(field, std::string(text));
+    return Outcome::Done();
+}
+
 Outcome PageStack::Type(Control& control, std::string_view text) {
-    if (control.GetKind() != Kind::Field) return Outcome::Refused(Reason::UnknownControl);
+    if (text.empty()) return Replace(control, {});
+    if (control.GetKind() != Kind::Field) return Outcome::Refused(Reason::WrongKind);
     if (const Outcome reached = ReachEditable(control); !reached.ok) return reached;
-    control.Owner().SetFocus(&control);
-    const std::string typed = Filtered(control, text);
-    if (typed.empty() && !text.empty()) return Outcome::Done();  // every key was dropped: the selection stands
-    control.SetText(typed);
-    control.pending = true;
-    Call(control.onChange);
+    Page& page = control.Owner();
+    page.SetFocus(&control);
+    bool selected = true;  // the whole of the text: the first key takes its place
+    for (const char key : text) {
+        std::string now = selected ? std::string() : control.Text();
+        if (!Passes(control.filter, key)) continue;
+        if (control.MaxLength() != 0 && now.size() >= control.MaxLength()) break;
+        PutText(control, std::move(now) + key);
+        selected = false;
+        // What the page does about a key may take the field away from under the hand.
+        if (page.Focus() != &control || control.Locked() || WhyNot(control) != Reason::None) break;
+    }
     return Outcome::Done();
 }
 
 Outcome PageStack::Edit(Control& control, std::string_view text) {
     if (Filtered(control, text).size() != text.size()) return Outcome::Refused(Reason::KeyDoesNothing);
-    return Type(control, text);
+    return Replace(control, text);
 }
 
 Outcome PageStack::Leave(Control& control) {
+    return LeaveTowards(control, Towards::Next);
+}
+
+Outcome PageStack::LeaveTowards(Control& control, Towards towards) {
     // Only what can have the focus can be left; whoever has it now must let go first.
     if (const Reason why = WhyNot(control); why != Reason::None) return Outcome::Refused(why);
-    if (!TakesFocus(control)) return Outcome::Refused(control.Locked() ? Reason::Locked : Reason::UnknownControl);
+    if (!TakesFocus(control)) return Outcome::Refused(control.Locked() ? Reason::Locked : Reason::WrongKind);
     if (const Outcome reached = Reach(control); !reached.ok) return reached;
     Page& page = control.Owner();
-    page.SetFocus(page.NextFocus(&control));
+    page.SetFocus(towards == Towards::Next ? page.NextFocus(&control) : page.PreviousFocus(&control));
     control.pending = false;
     Call(control.onLeave);
     if (control.GetKind() == Kind::Field) control.pending = page.Focus() == &control;
@@ -161,8 +222,7 @@ Outcome PageStack::Leave(Control& control) {
 }
 
 Outcome PageStack::Select(Control& control, std::vector<int> indices) {
-    if (control.GetKind() != Kind::Combo && control.GetKind() != Kind::List)
-        return Outcome::Refused(Reason::UnknownControl);
+    if (control.GetKind() != Kind::Combo && control.GetKind() != Kind::List) return Outcome::Refused(Reason::WrongKind);
     const auto legal = [&] {
         const int count = static_cast<int>(control.Items().size());
         const bool inside = std::all_of(indices.begin(), indices.end(), [count](int i) { return i >= 0 && i < count; });
@@ -176,7 +236,7 @@ Outcome PageStack::Select(Control& control, std::vector<int> indices) {
 }
 
 Outcome PageStack::EditCell(Control& control, int row, int column, std::string_view text) {
-    if (control.GetKind() != Kind::Grid || !control.onCell) return Outcome::Refused(Reason::UnknownControl);
+    if (control.GetKind() != Kind::Grid || !control.onCell) return Outcome::Refused(Reason::WrongKind);
     const auto legal = [&] {
         const auto rows = static_cast<int>(control.GetCells().size());
         return row >= control.HeaderRows() && row < rows && column >= control.HeaderColumns() &&
@@ -191,26 +251,34 @@ Outcome PageStack::EditCell(Control& control, int row, int column, std::string_v
 }
 
 Outcome PageStack::DoubleClick(Control& control) {
-    if (!control.onDoubleClick) return Outcome::Refused(Reason::UnknownControl);
+    if (!control.onDoubleClick) return Outcome::Refused(Reason::WrongKind);
     if (const Outcome reached = ReachEditable(control); !reached.ok) return reached;
     control.onDoubleClick();
     return Outcome::Done();
 }
 
+// The keys of the control that has the focus.
+Outcome PageStack::KeyOn(Control& focus, std::string_view key) {
+    if (key == "Enter" && IsPressable(focus)) return Press(focus);
+    if (key == "Enter" || key == "Tab") return Leave(focus);
+    if (key == "Shift+Tab") return LeaveTowards(focus, Towards::Previous);
+    if (key == "Space" && IsPressable(focus)) return Press(focus);
+    if (focus.GetKind() == Kind::Field && key == "Delete") return Replace(focus, {});
+    if (focus.GetKind() == Kind::Field && key == "Backspace" && !focus.Text().empty()) {
+        return Replace(focus, std::string(focus.Text(), 0, focus.Text().size() - 1));
+    }
+    if (const std::optional<int> index = IndexAfterKey(focus, key)) {
+        return *index == focus.Index() ? Outcome::Done() : Select(focus, {*index});
+    }
+    return Outcome::Refused(Reason::KeyDoesNothing);
+}
+
 Outcome PageStack::Key(Page& page, std::string_view key) {
     if (const Reason why = WhyNot(page); why != Reason::None) return Outcome::Refused(why);
     if (Button* button = page.KeyButton(key)) return Press(*button);
-    Control* focus = page.Focus();
-    if ((key == "Enter" || key == "Tab") && focus != nullptr) {
-        if (key == "Enter" && IsPressable(*focus)) return Press(*focus);
-        return Leave(*focus);
-    }
-    if (key == "Space" && focus != nullptr && IsPressable(*focus)) return Press(*focus);
-    if (key == "Delete" && focus != nullptr && focus->GetKind() == Kind::Field) return Type(*focus, {});
-    if (key == "Backspace" && focus != nullptr && focus->GetKind() == Kind::Field && !focus->Text().empty()) {
-        return Type(*focus, std::string_view(focus->Text()).substr(0, focus->Text().size() - 1));
-    }
-    return Outcome::Refused(Reason::KeyDoesNothing);
+    if (Control* control = WithAccessKey(page, key)) return Press(*control);
+    if (page.Focus() == nullptr) return Outcome::Refused(Reason::KeyDoesNothing);
+    return KeyOn(*page.Focus(), key);
 }
 
 Outcome PageStack::Close(Page& page) {

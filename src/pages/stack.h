@@ -30,7 +30,8 @@ class PageStack {
     Reason WhyNot(const Control& control) const;
 
     Outcome Press(Control& control);  // a button, an option, a check
-    // Focuses the field, selects all and types the text key by key through the field's filter; an empty text deletes.
+    // Focuses the field, selects all and types the text key by key through the field's filter: the page hears of each
+    // key. An empty text deletes what is there.
     Outcome Type(Control& control, std::string_view text);
     // Takes over the text as it now stands in a window's edit line, through the same filter.
     Outcome Edit(Control& control, std::string_view text);
@@ -39,6 +40,9 @@ class PageStack {
     Outcome Select(Control& control, std::vector<int> indices);
     Outcome EditCell(Control& control, int row, int column, std::string_view text);
     Outcome DoubleClick(Control& control);
+    // A key by name: one that the page has bound, "Alt+S" for a caption that marks the letter, or one of the control
+    // that has the focus: "Enter", "Tab", "Shift+Tab", "Space", "Backspace", "Delete", in a list "Up", "Down", "Home",
+    // "End".
     Outcome Key(Page& page, std::string_view key);
     Outcome Close(Page& page);
     // A window's focus has moved to this control by mouse or Tab.
@@ -48,6 +52,11 @@ class PageStack {
     // Leaves the focused field of the page, unless it is `next` itself or holds no edit. False: a refused value keeps
     // the focus.
     bool LeavePending(Page& page, const Control* next);
+    enum class Towards { Next, Previous };
+    Outcome LeaveTowards(Control& control, Towards towards);
+    // Puts a whole text into the field at once, as one change.
+    Outcome Replace(Control& field, std::string_view text);
+    Outcome KeyOn(Control& focus, std::string_view key);
     Outcome Reach(Control& control);
     // The same for what changes the control: not while it is locked, nor with what is not legal. What is refused for
     // its own sake leaves the field being edited alone.

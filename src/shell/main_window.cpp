@@ -222,7 +222,7 @@ Outcome PressTool(Shell& shell, std::string_view key) {
         if (tool.row->target == Target::Submenu) return Outcome::Done();
         return Run(shell, {std::string(tool.row->name), 0, tool.tooltip}, tool.row->guard);
     }
-    return Outcome::Refused(Reason::UnknownControl);
+    return Outcome::Refused(Reason::NoSuchButton);
 }
 
 bool IsFuturePage(std::string_view name) {

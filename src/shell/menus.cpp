@@ -43,8 +43,8 @@ constexpr EntryRow Single(MenuId menu, int index, std::string_view name, Guard g
     return {menu, index, Target::Page, name, 0, true, false, guard};
 }
 // A page that several entries open, each with its own argument.
-constexpr EntryRow Shared(MenuId menu, int index, std::string_view name, int argument) {
-    return {menu, index, Target::Page, name, argument, true, true, Guard::None};
+constexpr EntryRow Shared(MenuId menu, int index, std::string_view name, int argument, Guard guard = Guard::None) {
+    return {menu, index, Target::Page, name, argument, true, true, guard};
 }
 constexpr EntryRow Command(MenuId menu, int index, std::string_view name, bool idle) {
     return {menu, index, Target::Command, name, 0, idle};
@@ -107,10 +107,10 @@ constexpr auto AllEntries = std::to_array<EntryRow>({
     Shared(M::MenuAutoA1, 0, "MessaP", 9),
     Shared(M::MenuAutoA1, 1, "MessaP", 11),
 
-    Shared(M::MenuImp, 0, "AutoTar", 0),
-    Shared(M::MenuImp, 1, "AutoTar", 1),
-    Shared(M::MenuImp, 2, "AutoTar", 2),
-    Shared(M::MenuImp, 3, "AutoTar", 3),
+    Shared(M::MenuImp, 0, "AutoTar", 0, Guard::Image),
+    Shared(M::MenuImp, 1, "AutoTar", 1, Guard::Image),
+    Shared(M::MenuImp, 2, "AutoTar", 2, Guard::Image),
+    Shared(M::MenuImp, 3, "AutoTar", 3, Guard::Image),
     Single(M::MenuImp, 4, "ModMappa"),
     Separator(M::MenuImp, 5),
     Shared(M::MenuImp, 6, "Imposta", 0),

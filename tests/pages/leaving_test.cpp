@@ -41,7 +41,7 @@ TEST(Leaving, AnotherFieldIsLeftOnlyWhenTheEditedOneLetsGo) {
 TEST(Leaving, WhatNeverHasTheFocusCannotBeLeft) {
     TwoFields page;
     page.Fixed.SetLocked(true);
-    EXPECT_EQ(page.stack.Leave(page.Unit).why, Reason::UnknownControl);
+    EXPECT_EQ(page.stack.Leave(page.Unit).why, Reason::WrongKind);
     EXPECT_EQ(page.stack.Leave(page.Fixed).why, Reason::Locked);
     EXPECT_EQ(page.Focus(), &page.First);
 }

@@ -136,6 +136,51 @@ TEST(PageStack, LetsOnlyTheKeysOfAFieldThrough) {
     EXPECT_EQ(d.stack.Type(figure, "5").why, Reason::Locked);
 }
 
+TEST(PageStack, TypesKeyByKeyAsAHandDoes) {
+    Desk d;
+    Sheet& s = d.bottom;
+    d.stack.Type(s.Figure, "77");
+    s.Log();
+    EXPECT_TRUE(d.stack.Type(s.Figure, "1x25").ok);
+    EXPECT_EQ(s.Log(), "change:1 change:12 change:125 ") << "the first key takes the place of the text";
+    EXPECT_TRUE(d.stack.Edit(s.Figure, "831").ok);
+    EXPECT_EQ(s.Log(), "change:831 ") << "an edit line has gone through its keys itself";
+    EXPECT_TRUE(d.stack.Type(s.Figure, "").ok);
+    EXPECT_EQ(s.Log(), "change: ");
+    s.Figure.onChange = [&s] {
+        if (s.Figure.Text() == "12") s.Figure.SetLocked(true);
+    };
+    EXPECT_TRUE(d.stack.Type(s.Figure, "1234").ok);
+    EXPECT_EQ(s.Figure.Text(), "12") << "a field that a key has locked takes no further one";
+}
+
+TEST(PageStack, KnowsTheKeysOfListsAndCaptions) {
+    Desk d;
+    Sheet& s = d.bottom;
+    s.Save.SetText("S&&S &Save");
+    d.stack.FocusOn(s.Choice);
+    const struct {
+        const char* key;
+        int index;
+    } keys[] = {{"Down", 0}, {"Down", 1}, {"Up", 0}, {"Up", 0}, {"End", 2}, {"Down", 2}, {"Home", 0}};
+    for (const auto& [key, index] : keys) {
+        EXPECT_TRUE(d.stack.Key(s, key).ok) << key;
+        EXPECT_EQ(s.Choice.Index(), index) << key;
+    }
+    EXPECT_EQ(s.Log(), "choice:0 choice:1 choice:0 choice:2 choice:0 ") << "where nothing moves nothing is told";
+    EXPECT_TRUE(d.stack.Key(s, "Shift+Tab").ok);
+    EXPECT_EQ(s.Focus(), &s.Figure);
+    EXPECT_TRUE(d.stack.Key(s, "Shift+Tab").ok);
+    EXPECT_EQ(s.Focus(), &s.Leave) << "going round";
+    EXPECT_EQ(d.stack.Key(s, "Down").why, Reason::KeyDoesNothing);
+    s.Log();
+    EXPECT_TRUE(d.stack.Key(s, "Alt+s").ok);
+    EXPECT_EQ(s.Log(), "save ");
+    EXPECT_EQ(d.stack.Key(s, "Alt+x").why, Reason::KeyDoesNothing);
+    s.Save.SetVisible(false);
+    EXPECT_EQ(d.stack.Key(s, "Alt+s").why, Reason::KeyDoesNothing);
+}
+
 TEST(PageStack, LeavesAFieldByEnterAndTabAndTakesARefusedValueBack) {
     Desk d;
     Sheet& s = d.bottom;
@@ -205,8 +250,8 @@ TEST(PageStack, RefusesWhatLiesOutsideAListOrAGrid) {
     EXPECT_EQ(d.stack.EditCell(s.Table, 1, 2, "5").why, Reason::NoSuchEntry);
     EXPECT_TRUE(d.stack.EditCell(s.Table, 1, 1, "5").ok);
     EXPECT_EQ(s.Log(), "cell:1,1=5 ");
-    EXPECT_EQ(d.stack.Press(s.Figure).why, Reason::UnknownControl);
-    EXPECT_EQ(d.stack.Type(s.Choice, "x").why, Reason::UnknownControl);
+    EXPECT_EQ(d.stack.Press(s.Figure).why, Reason::WrongKind);
+    EXPECT_EQ(d.stack.Type(s.Choice, "x").why, Reason::WrongKind);
     EXPECT_EQ(d.stack.Key(s, "F9").why, Reason::KeyDoesNothing);
 }
 

@@ -300,6 +300,8 @@ TEST(Menus, ShowAMessageInsteadOfAPageThatNeedsAnImageOrANewerProgram) {
     const auto old = [](State& state) { state.FirmwareVecchio = True; };
     for (const Case& c : {Case{MenuId::MenuEEPROM, 5, "EEPROM_SETUP", "InEEPROM", noImage, withoutImage},
                           Case{MenuId::MenuProg, 1, "EEPROM_SETUP", "InEEPROM", noImage, withoutImage},
+                          Case{MenuId::MenuImp, 0, nullptr, "AutoTar", noImage, withoutImage},
+                          Case{MenuId::MenuImp, 3, nullptr, "AutoTar", noImage, withoutImage},
                           Case{MenuId::MenuImp, 17, nullptr, "AutoTarOff", noImage, withoutImage},
                           Case{MenuId::MenuEEPROM, 0, "EEPROM_FILE", "Infile", oldProgram, old}}) {
         w.Watch(c.page);
@@ -328,7 +330,7 @@ TEST(Menus, RefuseWhatIsNotThere) {
     EXPECT_EQ(ChooseMenu(w.Shell(), MenuId::MenuDati, 2).why, Reason::NoSuchEntry);  // a separator
     EXPECT_EQ(ChooseMenu(w.Shell(), MenuId::MenuDati, 4).why, Reason::NoSuchEntry);
     EXPECT_EQ(ChooseMenu(w.Shell(), MenuId::MenuDati, -1).why, Reason::NoSuchEntry);
-    EXPECT_EQ(PressTool(w.Shell(), "NIENTE").why, Reason::UnknownControl);
+    EXPECT_EQ(PressTool(w.Shell(), "NIENTE").why, Reason::NoSuchButton);
     ChooseMenu(w.Shell(), MenuId::MenuConf, 1);
     EXPECT_EQ(ChooseMenu(w.Shell(), MenuId::MenuConf, 1).why, Reason::PageCovered);
     EXPECT_EQ(PressTool(w.Shell(), "ESCI").why, Reason::PageCovered);
