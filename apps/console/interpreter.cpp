@@ -45,7 +45,7 @@ Json RunSafely(Context& context, std::string_view line) {
 
 std::optional<std::string> Interpreter::Do(std::string_view line) {
     const std::string_view trimmed = Trimmed(line);
-    if (trimmed.empty() || trimmed.front() == '#') return std::nullopt;
+    if (trimmed.empty() || line.front() == '#') return std::nullopt;
     const Json answer = RunSafely(context_, platform::FromUtf8(trimmed));
     if (context_.wait) return Poll();
     return OnOneLine(answer);

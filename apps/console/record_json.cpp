@@ -2,12 +2,20 @@
 
 #include <string>
 
+#include "link/frames/numbers.h"
 #include "tuning/parameter_names.h"
 #include "tuning/tuning.h"
 
 namespace console {
 
 namespace {
+
+// A figure as records hold theirs: a text of 8, right-aligned.
+Json FigureText(double value) {
+    constexpr std::size_t Width = 8;
+    const std::string text = Figure(value).dump();
+    return Text(text.size() < Width ? frames::RightAlign(text, Width) : text);
+}
 
 Json OfParameter(const tuning::Record& record) {
     Json figures = Json::array();
@@ -29,8 +37,8 @@ Json OfCalibration(const tuning::CalibrationRecord& record) {
     out["NByte"] = record.Dim;
     out["Min"] = nullptr;
     out["Max"] = nullptr;
-    out["Dato"] = Json::array({Figure(record.Dato)});
-    out["Letto"] = Figure(record.Letto);
+    out["Dato"] = Json::array({FigureText(record.Dato)});
+    out["Letto"] = FigureText(record.Letto);
     return out;
 }
 

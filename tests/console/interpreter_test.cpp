@@ -148,9 +148,12 @@ TEST(Interpreter, RefusesWhatAPersonCouldNotDoAndChangesNothing) {
         {"doubleclick AllKinds Tabella", "BLOCCATO"},
         {"press AllKinds Velocita(1)", "BLOCCATO"},
         {"leave AllKinds Nome", "BLOCCATO"},
-        {"press AllKinds Voce", "SCONOSCIUTO"},
-        {"type AllKinds Salva x", "SCONOSCIUTO"},
-        {"doubleclick AllKinds Salva", "SCONOSCIUTO"},
+        {"press AllKinds Voce", "ALTRO_COMANDO"},
+        {"type AllKinds Salva x", "ALTRO_COMANDO"},
+        {"doubleclick AllKinds Salva", "ALTRO_COMANDO"},
+        {"leave AllKinds Voce", "ALTRO_COMANDO"},
+        {"select AllKinds Salva 0", "ALTRO_COMANDO"},
+        {"cell AllKinds Molti 1 1 x", "ALTRO_COMANDO"},
         {"key AllKinds F9", "TASTO"},
         {"press Grafici Visualizzo(0)", "PAGINA_COPERTA"},
         {"menu MenuConf 1", "PAGINA_COPERTA"},
@@ -232,6 +235,21 @@ TEST(Interpreter, AnswersEveryBadLineWithAReason) {
         EXPECT_EQ(answer["ok"], false) << line;
         EXPECT_TRUE(answer["error"].is_string() && answer["error"] != "") << line;
         EXPECT_EQ(answer.size(), 2U) << line;
+    }
+}
+
+TEST(Interpreter, SkipsARemarkAndNothingThatOnlyLooksLikeOne) {
+    ConsoleRig rig;
+    rig.Start();
+    for (const char* line : {"", "   ", "\t\r", "#", "# state"}) EXPECT_TRUE(rig.Say(line).is_null()) << line;
+    EXPECT_EQ(rig.Say(" # state")["ok"], false) << "a remark starts with its mark";
+}
+
+TEST(Interpreter, RefusesEachUnknownThingByItsOwnReason) {
+    ConsoleRig rig;
+    rig.Start();
+    for (const auto& [line, reason] : {std::pair{"tool FOO", "NESSUN_PULSANTE"}, {"close Grafici", "GRAFICO_VUOTO"}}) {
+        EXPECT_EQ(rig.Say(line)["error"], rig.Say(std::string("text ") + reason + " MOTIVI")["text"]) << line;
     }
 }
 
@@ -349,6 +367,7 @@ TEST(Interpreter, FindsRecordsUnderTheirNames) {
     const Json overSpeed = rig.Say("record SogliaFG");
     EXPECT_EQ(Mismatch(overSpeed, Json::parse(R"~({"ok":true,"EE":3150,"RAM":39,"NByte":2})~")), "");
     EXPECT_EQ(overSpeed["Dato"][0], overSpeed["Letto"]);
+    EXPECT_EQ(overSpeed["Letto"].get<std::string>().size(), 8U) << "a text, like the figures of a parameter";
     EXPECT_EQ(rig.Say("record Memoria(362)")["ok"], true);
     EXPECT_EQ(rig.Say("record Memoria(363)")["ok"], false);
 }
