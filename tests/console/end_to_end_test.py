@@ -65,9 +65,9 @@ class Console(Program):
         return json.loads(self.say(command))
 
 
-def run(*arguments, text=""):
+def run(*arguments, text="", cwd=None):
     return subprocess.run([str(CONSOLE), *[str(a) for a in arguments]], input=text, capture_output=True, encoding="utf-8",
-                          timeout=LIMIT, check=False)
+                          timeout=LIMIT, check=False, cwd=cwd)
 
 
 class EndToEnd(unittest.TestCase):
@@ -126,6 +126,17 @@ class EndToEnd(unittest.TestCase):
         lines = trace.read_text(encoding="ascii").splitlines()
         self.assertIn("> \\x02X327680010\\x03", [line.split(" ", 1)[1] for line in lines])
         self.assertEqual(sum(" > " in line for line in lines), 65)  # identification and the blocks of the image
+
+
+    def test_paths_of_the_command_line_are_those_of_the_caller(self):
+        (self.home / "own.scn").write_text("image image.mvn\n", encoding="ascii")
+        (self.home / "image.mvn").write_text(("F" * 32 + "\r\n") * 128, encoding="ascii", newline="")
+        ended = run("--folder", "prog", "--trace", "trace.txt", "--simulate", "own.scn", "--virtual-time", cwd=self.home,
+                    text="run 1000\nsim image image.mvn\n")
+        self.assertEqual(ended.returncode, 0, ended.stderr)
+        self.assertIn('{"ok":true}', ended.stdout.splitlines()[1])
+        self.assertTrue((self.home / "prog" / "MARLO.INI").exists())
+        self.assertGreater((self.home / "trace.txt").stat().st_size, 0)
 
 
 class RealTime(EndToEnd):
