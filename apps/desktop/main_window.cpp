@@ -58,6 +58,13 @@ bool MainWindow::event(QEvent* event) {
     return QMainWindow::event(event);
 }
 
+// What is minimised shows nothing, and nothing is refreshed for it.
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange || !link_.grafici.IsOpen()) return;
+    eculink::SetInstrumentsInView(link_, !isMinimized());
+}
+
 // The page decides: it ends the program, which ends this window.
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();

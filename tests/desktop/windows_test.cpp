@@ -38,6 +38,17 @@ TEST(Windows, OpenAndCloseAsThePagesDo) {
     EXPECT_FALSE(shop.program.shell.infor.IsOpen());
 }
 
+TEST(Windows, RestWhileTheMainWindowIsMinimised) {
+    Workshop shop;
+    shop.BeginLive();
+    const eculink::State& link = shop.program.link.state;
+    EXPECT_EQ(link.PaginaStrumenti, shell::True);
+    shop.windows.Main().showMinimized();
+    EXPECT_EQ(link.PaginaStrumenti, shell::False);
+    shop.windows.Main().showNormal();
+    EXPECT_EQ(link.PaginaStrumenti, shell::True);
+}
+
 TEST(Windows, AQuestionIsAnsweredByKeysAlone) {
     Workshop shop;
     shop.Begin();
