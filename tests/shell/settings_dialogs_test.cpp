@@ -245,6 +245,7 @@ TEST(SceltaLingua, SavesNothingWhereNothingIsChosen) {
     support::Machine m;
     m.options.shipped.clear();
     m.Start();
+    m.Shell().stack.Press(m.Shell().systemMessage.OK);  // there is no language
     ChooseMenu(m.Shell(), MenuId::MenuConf, 0);
     EXPECT_EQ(m.Shell().stack.Press(m.Shell().sceltaLingua.Salva).why, pages::Reason::NothingChosen);
     EXPECT_TRUE(m.Shell().stack.Press(m.Shell().sceltaLingua.Esci).ok);
