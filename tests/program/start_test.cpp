@@ -102,6 +102,7 @@ TEST(Start, LeavesAFolderThatIsNotNewAsItStands) {
 }
 
 TEST(Start, GivesAnOlderFolderWhatItLacksAndNothingElse) {
+    constexpr std::size_t Limit = platform::Files::DefaultLimit;
     const std::string own = "[MARLOVENT]\r\nCAPTION=mio\r\n";
     support::Machine m;
     m.WriteFile("MARLO.INI", "[IMPOSTAZIONI]\r\nLingua=INGLESE\r\n");
@@ -111,7 +112,7 @@ TEST(Start, GivesAnOlderFolderWhatItLacksAndNothingElse) {
     EXPECT_EQ(m.Shell().main.Title(), "mio");
     EXPECT_EQ(m.FileContent("italiano.lng"), own);
     EXPECT_EQ(m.FileContent("ITALIANO.LNG"), std::nullopt) << "the same file in other letters";
-    EXPECT_EQ(m.FileContent("INGLESE.LNG"), m.files.Read(m.options.shipped / "INGLESE.LNG"));
+    EXPECT_EQ(m.FileContent("INGLESE.LNG"), m.files.Read(m.options.shipped / "INGLESE.LNG", Limit));
     EXPECT_FALSE(m.IsOpen("SystemMessage"));
     m.Restart();
     EXPECT_EQ(m.Shell().state.Lingua, "INGLESE");
