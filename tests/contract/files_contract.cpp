@@ -207,7 +207,7 @@ TEST(RealFiles, FindNamesWithoutAFolderInTheCurrentOne) {
     EXPECT_FALSE(disk.MakeCurrent(folder / "no"));
     EXPECT_TRUE(disk.MakeCurrent(folder / "PROG"));
     EXPECT_TRUE(disk.Write("a.txt", "x"));
-    EXPECT_EQ(disk.List("", ".TXT"), Names{"a.txt"});
+    EXPECT_EQ(disk.List(".", ".TXT"), Names{"a.txt"});
     std::filesystem::current_path(before);
     EXPECT_EQ(disk.Read(folder / "Prog/a.txt", 100), "x");
 }
