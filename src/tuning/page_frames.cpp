@@ -94,8 +94,10 @@ std::vector<PageWrite> PageWrites(const Tuning& tuning, const std::vector<std::s
         const Record& record = tuning.memoria[number];
         const auto count = Outgoing(record, slot, context);
         if (!HasCell(record) || !count) continue;
-        const bool live = record.RAM != NoWorkingCopy;
-        const bool permanent = homes == Homes::Both || homes == Homes::Permanent || (homes == Homes::Trial && !live);
+        const bool borrowed = record.row->borrowsRAM;
+        const bool live = record.RAM != NoWorkingCopy && !borrowed;
+        const bool untried = !live && !borrowed;
+        const bool permanent = homes == Homes::Both || homes == Homes::Permanent || (homes == Homes::Trial && untried);
         if (live && homes != Homes::Permanent) writes.push_back({number, false, *count, record.Dato[slot]});
         if (permanent) writes.push_back({number, true, *count, record.Dato[slot]});
     }

@@ -11,7 +11,8 @@ namespace tuning {
 
 struct Tuning;
 
-// Which of its homes a record is written to.
+// Which of its homes a record is written to. A record whose working address belongs to another cell has a permanent
+// cell alone, and takes no part in a trial: what it would change in the engine is not its own.
 enum class Homes : std::uint8_t {
     Working,    // its live copy; nothing for a record without one
     Trial,      // its live copy; its permanent cell where it has none

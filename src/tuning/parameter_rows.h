@@ -51,6 +51,8 @@ struct Row {
     Bound max;
     Conversion conversion = Conversion::Count;
     int positions = 0;  // entries of a list
+    // The working address is the working copy of another cell: nothing of this one is written there.
+    bool borrowsRAM = false;
 };
 
 // True for the lists of two entries in a cell of one byte, which the unit keeps as 0 and 255.

@@ -43,12 +43,14 @@ constexpr void AddRule(TableBuilder& table, const Rule& rule) {
 
 inline constexpr int LambdaZones = 8;
 
-// Rows of revs, upper and lower threshold. The revs are the cells of LabRPM and one more, whose working copy the unit
-// has given to the first load breakpoint, LabTPS(0), as well. The ninth row closes the last zone at the over-speed
+// Rows of revs, upper and lower threshold. The revs are the cells of LabRPM and one more, whose working address the
+// unit has given to the first load breakpoint, LabTPS(0). The ninth row closes the last zone at the over-speed
 // threshold and has no thresholds of its own.
 constexpr void AddGiriLambda(TableBuilder& table) {
     for (int i = 0; i < LambdaZones; ++i) {
-        table.Add({"Giri_Lambda", 3 * i, 3328 + 2 * i, 1192 + 2 * i, 2, At(0), At(WordLimit)});
+        Row revs{"Giri_Lambda", 3 * i, 3328 + 2 * i, 1192 + 2 * i, 2, At(0), At(WordLimit)};
+        revs.borrowsRAM = i == LambdaZones - 1;
+        table.Add(revs);
         table.Add({"Giri_Lambda", 3 * i + 1, 3520 + 4 * i, 1407 + 4 * i, 2, At(0), At(WordLimit), Lambda});
         table.Add({"Giri_Lambda", 3 * i + 2, 3522 + 4 * i, 1409 + 4 * i, 2, At(0), At(WordLimit), Lambda});
     }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include "support/simulated.h"
@@ -77,6 +78,23 @@ TEST(PageTables, EveryCellOfAGridIsARecordOfItsOwn) {
                 EXPECT_EQ(grid.RecordAt(grid.rows, 0), MemoriaCount);
                 EXPECT_EQ(grid.RecordAt(0, grid.columns), MemoriaCount);
                 EXPECT_EQ(grid.RecordAt(-1, 0), MemoriaCount);
+            }
+        }
+    }
+}
+
+// Two parameters that a page writes never meet in the working memory, unless they are one cell.
+TEST(PageTables, NoWorkingCopyIsWrittenForTwoCells) {
+    std::map<int, int> owners;  // permanent byte by working byte
+    for (const Dialog& dialog : Dialogs()) {
+        for (const PageRow& page : dialog.pages) {
+            for (const std::size_t number : tuning::RecordsOf(page)) {
+                const tuning::Row& row = ParameterRows[number];
+                if (row.RAM == tuning::NoWorkingCopy || row.borrowsRAM) continue;
+                for (int byte = 0; byte < row.NByte; ++byte) {
+                    const auto [owner, first] = owners.emplace(row.RAM + byte, row.EE + byte);
+                    EXPECT_EQ(owner->second, row.EE + byte) << NameOf(number) << " at " << row.RAM + byte;
+                }
             }
         }
     }
