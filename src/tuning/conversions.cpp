@@ -149,11 +149,6 @@ std::optional<std::uint32_t> Outgoing(const Record& record, std::size_t slot, co
     return ToRaw(*record.row, frames::ValoreNum(text), context);
 }
 
-void TakeStored(Record& record, const Context& context) {
-    record.raw = Outgoing(record, 1, context);
-    record.Dato[0] = record.Dato[1];
-}
-
 void ShowAnew(Record& record, const Context& before, const Context& after) {
     const std::optional<std::uint32_t> edited = Outgoing(record, 1, before);
     const std::optional<std::uint32_t> read = Outgoing(record, 0, before);

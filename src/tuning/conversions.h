@@ -53,9 +53,6 @@ void TakeRead(Record& record, std::uint32_t count, const Context& context);
 // two positions is always 0 or 255), any other is converted back. Nothing when it cannot be.
 std::optional<std::uint32_t> Outgoing(const Record& record, std::size_t slot, const Context& context);
 
-// Dato(1) has been stored: it becomes Dato(0), together with the count that went out.
-void TakeStored(Record& record, const Context& context);
-
 // Shows both figures anew after a change of what they are shown by (a selector, the display); the counts stay.
 void ShowAnew(Record& record, const Context& before, const Context& after);
 

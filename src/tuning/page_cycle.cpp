@@ -16,7 +16,7 @@ namespace {
 using pages::Reason;
 using shell::Text;
 
-constexpr Text ReadingFailed{"ERRORE_18", "ERRORI"};
+constexpr Text NotRead{"ERRORE_18", "ERRORI"};
 constexpr Text NoAnswer{"ERRORE_3", "ERRORI"};
 constexpr std::string_view ReadingKey = "SEGNALAZIONE_3";
 constexpr int Percent = 100;
@@ -163,6 +163,7 @@ void PageCycle::Choose() {
 // A further edit offers the new values again.
 void PageCycle::Touched() {
     touched_ = true;
+    overtaken_ = Running();
     offered_ = 0;
     UpdateButtons();
 }
@@ -193,6 +194,7 @@ bool PageCycle::Begin(Work work, int state, std::string chain) {
     answered_ = 0;
     if (frames_ == 0 || !eculink::StartTransaction(Link(), state, std::move(chain))) return false;
     work_ = work;
+    overtaken_ = false;
     ShowProgress();
     UpdateButtons();
     return true;
@@ -200,8 +202,7 @@ bool PageCycle::Begin(Work work, int state, std::string chain) {
 
 void PageCycle::StartReading() {
     writes_.clear();
-    if (!Begin(Work::Reading, dialog_.reading.state, PageReads(*parts_.controls.Shown().row)))
-        return Tell(ReadingFailed);
+    if (!Begin(Work::Reading, dialog_.reading.state, PageReads(*parts_.controls.Shown().row))) return Tell(NotRead);
     Tell({ReadingKey, dialog_.section});
 }
 
@@ -213,6 +214,7 @@ bool PageCycle::Start(const WorkRow& row) {
     for (const PageWrite& write : writes_) chain += write.Frame();
     if (row.traced) eculink::TracciaTx(Link(), chain);
     if (!Begin(row.work, row.state, std::move(chain))) return false;
+    parts_.editing.ClearFlags();
     Tell({row.running, dialog_.section});
     return true;
 }
@@ -226,8 +228,9 @@ void PageCycle::ApplicaIniziali() {
     Start(RowOf(Work::TryingInitial));
 }
 
+// So may it with a store that breaks off: the working copies are written with the cells.
 void PageCycle::Store() {
-    if (parts_.editing.CheckAll()) Start(RowOf(Work::Storing));
+    if (parts_.editing.CheckAll() && Start(RowOf(Work::Storing))) tried_ = true;
 }
 
 bool PageCycle::Reply(const std::string& frame) {
@@ -253,9 +256,9 @@ void PageCycle::TakeWrite(const PageWrite& write) {
     if (stored) parts_.editing.Show();
 }
 
+// The chain counts as running until its work has been done: a failure in it is told as a silence of the unit.
 void PageCycle::Finish() {
     const Work work = *work_;
-    End();
     switch (work) {
         case Work::Reading:
             FinishReading();
@@ -265,23 +268,37 @@ void PageCycle::Finish() {
             break;
         case Work::TryingNew:
         case Work::TryingInitial:
-            tried_ = work == Work::TryingNew;
-            offered_ = tried_ ? 1 : 0;
+            FinishTrying(work);
             break;
         case Work::Leaving:
             tried_ = false;
+            End();
             return GoOn();
     }
-    if (work != Work::Reading) Tell({RowOf(work).done, dialog_.section});
+    End();
+    if (work != Work::Reading) Tell({DoneKey(work), dialog_.section});
     UpdateButtons();
 }
 
+std::string_view PageCycle::DoneKey(Work work) const {
+    const WorkRow& row = RowOf(work);
+    const bool inMemory =
+        std::any_of(writes_.begin(), writes_.end(), [](const PageWrite& write) { return write.permanent; });
+    return inMemory && !row.doneInMemory.empty() ? row.doneInMemory : row.done;
+}
+
+// What has been edited meanwhile has not been tried.
+void PageCycle::FinishTrying(Work work) {
+    tried_ = work == Work::TryingNew;
+    offered_ = tried_ && !overtaken_ ? 1 : 0;
+}
+
 void PageCycle::FinishReading() {
-    read_ = true;
     SetLimits(tuning_.memoria, tuning_.Cells(), tuning_.CurrentContext());
     parts_.foot.Segnalazione.SetText({});
     parts_.editing.Show();
     FocusFirst();
+    read_ = true;
 }
 
 // The hand goes to the first value that can be edited.
@@ -303,7 +320,8 @@ void PageCycle::FinishStoring() {
 
 void PageCycle::Refused() {
     if (!work_) return;
-    const Text text = *work_ == Work::Reading ? ReadingFailed : RowOf(*work_).refused;
+    if (*work_ == Work::Reading) return ReadingFailed();
+    const Text text = RowOf(*work_).refused;
     End();
     Tell(text);
     UpdateButtons();
@@ -311,10 +329,23 @@ void PageCycle::Refused() {
 
 void PageCycle::TimedOut() {
     if (!work_) return;
-    const Text text = *work_ == Work::Reading ? ReadingFailed : NoAnswer;
+    if (*work_ == Work::Reading) return ReadingFailed();
     End();
-    Tell(text);
+    FlagUnanswered();
+    Tell(NoAnswer);
     UpdateButtons();
+}
+
+// Nothing of a page that was read in part is shown.
+void PageCycle::ReadingFailed() {
+    End();
+    ClearFigures(parts_.controls.Shown());
+    Tell(NotRead);
+    UpdateButtons();
+}
+
+void PageCycle::FlagUnanswered() {
+    if (answered_ < writes_.size()) parts_.editing.Flag(writes_[answered_].record);
 }
 
 // The chain is over, whatever came of it.

@@ -26,6 +26,7 @@ struct WorkRow {
     std::string_view running;  // keys of the dialog's section; may be empty
     std::string_view done;
     shell::Text refused;
+    std::string_view doneInMemory = {};  // where the trial of some parameter is in the memory; empty: as `done`
 };
 
 // A dialog of tuning pages: everything in which the two differ but their pages.
@@ -123,14 +124,18 @@ class PageCycle {
     bool Reply(const std::string& frame);
     void TakeWrite(const PageWrite& write);
     void Finish();
+    void FinishTrying(Work work);
     void FinishReading();
     void FinishStoring();
     void FocusFirst();
     void Refused();
     void TimedOut();
+    void ReadingFailed();
+    void FlagUnanswered();
     void End();
 
     const WorkRow& RowOf(Work work) const;
+    std::string_view DoneKey(Work work) const;
     const std::vector<PageSet>& Sets() const { return parts_.controls.All(); }
     bool MustRestore() const;
     void UpdateButtons();
@@ -146,7 +151,8 @@ class PageCycle {
     bool withUnit_ = true;      // the page works on the unit; otherwise it shows what is known without it
     bool read_ = false;
     bool touched_ = false;     // something has been typed or chosen since the page was read
-    bool tried_ = false;       // new values were the last that the unit was given to try
+    bool tried_ = false;       // the unit may run with other values than the initial ones
+    bool overtaken_ = false;   // something has been edited since the chain that runs began
     int offered_ = 0;          // which Applica is offered
     std::optional<int> next_;  // page to open once this one has been left; none: the dialog closes
     std::vector<PageWrite> writes_;

@@ -191,6 +191,23 @@ void PageEditing::Show() {
     Call(onFigures);
 }
 
+void PageEditing::Flag(std::size_t record) {
+    Control* control = controls_.ValueOf(record);
+    if (control == nullptr) return;
+    if (!control->Visible()) controls_.Reveal(record);
+    control->SetRefused(true);
+}
+
+void PageEditing::ClearFlags() {
+    const auto clear = [](Control& control) {
+        if (!control.pending) control.SetRefused(false);
+    };
+    for (const FieldControls& field : controls_.Shown().fields) clear(*field.value);
+    for (const TableControls& table : controls_.Shown().tables) {
+        for (const GridControls& grid : table.grids) clear(*grid.value);
+    }
+}
+
 void PageEditing::SetWhy(pages::Reason why) {
     for (const FieldControls& field : controls_.Shown().fields) field.value->SetWhy(why);
     for (const TableControls& table : controls_.Shown().tables) {

@@ -24,6 +24,10 @@ class PageEditing {
     bool CheckAll();
     // Both columns from the records.
     void Show();
+    // Marks the value of a record and brings it on the screen: the unit did not answer for it.
+    void Flag(std::size_t record);
+    // Takes the marks away; those of figures that were refused and not yet put right stay.
+    void ClearFlags();
     // Why no value of the page can be edited; None: they can.
     void SetWhy(pages::Reason why);
     // Edits that have not been stored are gone, also from the records that other pages show.

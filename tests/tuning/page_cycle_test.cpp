@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "link/frames/numbers.h"
 #include "tuning/page_rig.h"
 
 namespace {
@@ -444,17 +445,176 @@ TEST(PageCycle, AThresholdIsTriedStoredAndOutlivesTheIgnition) {
     EXPECT_EQ(rig.Field("MinDef(1)"), "1200");
 }
 
+// What each page lets its fitter edit: every list, every number, one cell of each table.
+void EditEverything(PageRig& rig) {
+    const auto controls = rig.Page().Controls();
+    for (pages::Control* control : controls) {
+        const auto name = tuning::FindRecord(control->Name());
+        if (!name || !control->Visible() || control->Why() != Reason::None || control->Locked()) continue;
+        const tuning::Record& record = rig.program.tuning.memoria[name->number];
+        const double figure = frames::ValoreNum(record.Dato[1]);
+        if (control->GetKind() == pages::Kind::Field) {
+            const double other = figure < record.Max ? figure + 1 : figure - 1;
+            rig.Enter(control->Name(), frames::Format0(other));
+            if (control->Refused()) rig.Enter(control->Name(), frames::Format0(figure));
+        }
+    }
+    for (const char* button : {"SoglieLam", "ResetCO", "ResetPC", "TastoMappa", "TastoTrans", "TastoRil"}) {
+        if (!rig.Control(button).Visible()) continue;
+        rig.Press(button);
+        for (pages::Control* grid : controls) {
+            if (grid->GetKind() != pages::Kind::Grid || !grid->Visible() || grid->Locked()) continue;
+            const int row = static_cast<int>(grid->GetCells().size()) - (grid->HeaderRows() > 0 ? 2 : 1);
+            rig.EnterCell(grid->Name(), std::max(row, grid->HeaderRows()), grid->HeaderColumns(), "77");
+        }
+    }
+}
+
 TEST(PageCycle, ATryThatIsNotStoredLeavesTheWorkingMemoryAsItWas) {
+    for (int page = 0; page < 12; ++page) {
+        PageRig rig("MessaP");
+        const auto before = rig.unit.Cells().Read(sim::Area::Working, 0, 2048);
+        rig.Open(page);
+        EditEverything(rig);
+        rig.Chain("Applica(0)");
+        EXPECT_NE(rig.unit.Cells().Read(sim::Area::Working, 0, 2048), before) << page;
+        rig.Chain("Esci");
+        EXPECT_EQ(rig.unit.Cells().Read(sim::Area::Working, 0, 2048), before) << page;
+    }
+}
+
+// The last rev breakpoint of full load and the first load breakpoint of the lambda map have one working address: it is
+// the map's.
+TEST(PageCycle, TheLastFullLoadBreakpointIsWrittenToTheMemoryAlone) {
     PageRig rig("MessaP");
-    const auto before = rig.unit.Cells().Read(sim::Area::Working, 0, 2048);
-    rig.Open(2);
-    rig.Enter("ValMin(1)", "1200");
-    rig.Choose("Inibiz", 1);
-    rig.Enter("ValMin(8)", "60");
+    rig.Open(3);
+    rig.Press("TastoMappa");
+    rig.EnterCell("Giri_Lambda", 8, 0, "5100");
+    EXPECT_EQ(rig.Record("Giri_Lambda(21)").RAM, 1206);
+    const int loads = rig.Live(1206);
+    const auto concerned = [](const Frames& frames) {
+        Frames found;
+        for (const std::string& frame : frames) {
+            if (frame.find("1206") == 1 || frame.find("3342") == 1) found.push_back(frame);
+        }
+        return found;
+    };
+    EXPECT_EQ(concerned(rig.Chain("Applica(0)")), Frames{});
+    EXPECT_EQ(concerned(rig.Chain("Applica(1)")), Frames{});
+    EXPECT_EQ(concerned(rig.Chain("InMemor")), Frames{"S3342000213EC"});
+    EXPECT_EQ(rig.Live(1206), loads);
+}
+
+// A store sends each working copy before its cell: one that breaks off leaves the engine with figures that nobody kept.
+TEST(PageCycle, WhatABrokenStoreLeftInTheUnitIsPutBackOnLeaving) {
+    for (const bool silence : {false, true}) {
+        PageRig rig("MessaP");
+        rig.Open(6);
+        rig.Enter("ValFG(0)", "6000");
+        rig.Sim(std::string("misbehave ") + (silence ? "silence" : "refuse") + " command S once");
+        rig.Chain("InMemor");
+        EXPECT_EQ(rig.Live(39), 6000);
+        rig.Enter("ValFG(0)", "6200");
+        EXPECT_EQ(rig.Chain("Esci"), OldSpeeds);
+        EXPECT_EQ(rig.Live(39), 6200);
+        EXPECT_FALSE(rig.Page().IsOpen());
+    }
+    PageRig rig("Imposta");
+    rig.Open(0);
+    rig.Choose("TipoCommu", 0);
+    rig.Enter("ValCom(1)", "2500");
+    rig.Sim("misbehave refuse command S once at frame 4");
+    rig.Chain("InMemor");
+    EXPECT_EQ(rig.Word(3146), 2500);
+    ASSERT_TRUE((rig.Forget(), rig.Press("Esci").ok));
+    EXPECT_EQ(rig.State(), 116);
+    ASSERT_TRUE(rig.Finish());
+    EXPECT_EQ(rig.Word(3146), 2000);
+    EXPECT_FALSE(rig.Page().IsOpen());
+
+    rig.Open(0);
+    rig.Enter("ValCom(1)", "2500");
+    rig.Chain("InMemor");
+    rig.Forget();
+    ASSERT_TRUE(rig.Press("Esci").ok);
+    EXPECT_EQ(rig.sent, Frames{}) << "what a whole store left is there to stay";
+}
+
+// The trial of a parameter without a working copy is in the memory, and the page says so.
+TEST(PageCycle, ATryOutThatReachesTheMemorySaysSo) {
+    struct Case {
+        int page;
+        const char* field;
+        const char* figure;
+        const char* key;
+    };
+    for (const Case& c : {Case{6, "ValFG(0)", "6000", "SEGNALAZIONE_4"}, Case{4, "ValTrans(1)", "7", "SEGNALAZIONE_9"},
+                          Case{3, "ValPC(8)", "7", "SEGNALAZIONE_4"}}) {
+        PageRig rig("MessaP");
+        rig.Open(c.page);
+        rig.Enter(c.field, c.figure);
+        rig.Chain("Applica(0)");
+        EXPECT_EQ(rig.Shown(), rig.Text(c.key, "MESSAP")) << c.page;
+    }
+}
+
+TEST(PageCycle, ASilentFrameShowsWhoseItWas) {
+    struct Case {
+        const char* button;
+        std::size_t frame;
+        const char* control;
+    };
+    for (const Case& c : {Case{"Applica(0)", 2, "ValRil(1)"}, Case{"Applica(0)", 4, "TransitT"},
+                          Case{"Applica(1)", 3, "TransitT"}, Case{"InMemor", 4, "ValRil(1)"},
+                          Case{"InMemor", 8, "TransitT"}, Case{"Esci", 1, "AbilRil"}, Case{"Esci", 5, "TransitT"}}) {
+        PageRig rig("MessaP");
+        rig.Open(5);
+        rig.Enter("ValRil(1)", "11");
+        if (std::string(c.button) == "Applica(1)" || std::string(c.button) == "Esci") rig.Chain("Applica(0)");
+        rig.Sim("misbehave silence command all once at frame " + std::to_string(c.frame));
+        rig.Chain(c.button);
+        const std::string at = std::string(c.button) + " " + std::to_string(c.frame);
+        for (const char* control : {"AbilRil", "ValRil(1)", "TransitT"})
+            EXPECT_EQ(rig.Control(control).Refused(), std::string(control) == c.control) << at << " " << control;
+        EXPECT_TRUE(rig.Control(c.control).Visible()) << at;
+        EXPECT_EQ(rig.Shown(), rig.Text("ERRORE_3", "ERRORI")) << at;
+        rig.Chain("InMemor");
+        EXPECT_FALSE(rig.Control(c.control).Refused()) << at << ": the next chain begins without marks";
+    }
+}
+
+TEST(PageCycle, AnEditDuringATryOutOffersTheNewValuesAgain) {
+    PageRig rig("MessaP");
+    rig.Open(6);
+    EditSpeeds(rig);
+    ASSERT_TRUE(rig.Press("Applica(0)").ok);
+    rig.Enter("ValFG(1)", "5600");
+    ASSERT_TRUE(rig.Finish());
+    EXPECT_TRUE(rig.Control("Applica(0)").Visible());
+    EXPECT_FALSE(rig.Control("Applica(1)").Visible());
+    EXPECT_EQ(rig.Chain("Applica(0)"), (Frames{"W003900021770", "W0041000215E0"}));
+    EXPECT_TRUE(rig.Control("Applica(1)").Visible());
+}
+
+// A speed that is not the last one rules the figures itself.
+TEST(PageCycle, APageOfAFixedSpeedIsLeftWithoutAFrameUnlessSomethingWasTried) {
+    PageRig rig("MessaP", {"cell O 3842 02"});
+    rig.Open(9);
+    ASSERT_TRUE(rig.Press("Esci").ok);
+    EXPECT_EQ(rig.sent, Frames{});
+    rig.Open(9);
+    rig.Choose("VeloAuto", 6);
+    rig.Enter("ValAuto(3)", "31");
+    rig.Choose("VeloAuto", 2);
+    ASSERT_TRUE(rig.Press("Esci").ok);
+    EXPECT_EQ(rig.sent, Frames{}) << "everything is as it was read";
+    rig.Open(9);
+    rig.Choose("VeloAuto", 6);
+    rig.Enter("ValAuto(3)", "31");
     rig.Chain("Applica(0)");
-    EXPECT_NE(rig.unit.Cells().Read(sim::Area::Working, 0, 2048), before);
-    rig.Chain("Esci");
-    EXPECT_EQ(rig.unit.Cells().Read(sim::Area::Working, 0, 2048), before);
+    rig.Choose("VeloAuto", 2);
+    EXPECT_EQ(rig.Chain("Esci").size(), 9U);
+    EXPECT_FALSE(rig.Page().IsOpen());
 }
 
 // The limits of a page follow what another one has stored.

@@ -157,6 +157,28 @@ TEST(PageOpening, AReadingThatFailsLeavesAnEmptyPageThatCanOnlyBeLeftOrReadAgain
     }
 }
 
+// Whatever goes wrong after the last reply looks like a unit that fell silent.
+TEST(PageOpening, AFailureWhileThePageIsFilledIsToldAsASilence) {
+    for (const Dialog& dialog : Dialogs) {
+        PageRig rig(dialog.name);
+        auto& editing = dialog.pages == 12 ? rig.program.tuning.messaP.editing : rig.program.tuning.imposta.editing;
+        const auto follow = editing.onFigures;
+        editing.onFigures = [] { throw std::runtime_error("no figures"); };
+        rig.StartOpening(3);
+        ASSERT_TRUE(rig.Finish());
+        EXPECT_EQ(rig.Shown(), rig.Text("ERRORE_18", "ERRORI"));
+        EXPECT_EQ(rig.Press("InMemor").why, Reason::ReadingFailed);
+        EXPECT_EQ(rig.Control("Esci").Why(), Reason::None);
+        const std::string field = dialog.pages == 12 ? "ValPC(0)" : "ValInibiz(0)";
+        EXPECT_EQ(rig.Field(field), "");
+        EXPECT_EQ(rig.Control(field).Why(), Reason::ReadingFailed);
+        editing.onFigures = follow;
+        rig.Choose("Pagine", 3);
+        ASSERT_TRUE(rig.Finish());
+        EXPECT_NE(rig.Field(field), "");
+    }
+}
+
 TEST(PageOpening, StartsNoChainWhileOneRuns) {
     PageRig rig("MessaP");
     ASSERT_TRUE(eculink::StartTransaction(rig.program.link, 90, frames::ReadFrame('O', 3936, 16)));
