@@ -74,6 +74,12 @@ void Control::SetCell(int row, int column, const std::string& text) {
     Assign(line[static_cast<std::size_t>(column)], text);
 }
 
+void Control::SetFocusCell(CellPlace cell) {
+    Assign(focusCell_, cell);
+}
+void Control::SetRefusedCells(std::vector<CellPlace> cells) {
+    Assign(refusedCells_, std::move(cells));
+}
 void Control::MarkCell(int row, int column) {
     Assign(markedRow_, row);
     Assign(markedColumn_, column);

@@ -22,6 +22,14 @@ enum class KeyFilter {
 
 using Cells = std::vector<std::vector<std::string>>;
 
+// A cell of a grid, its headers counted in; -1, -1 is none.
+struct CellPlace {
+    int row = -1;
+    int column = -1;
+
+    bool operator==(const CellPlace&) const = default;
+};
+
 // One control of a page: a value that windows and the console show, and the handlers that its inputs reach. A setter
 // raises the versions of control and page only when something really changes. Every text is in code page 1252.
 class Control {
@@ -60,6 +68,9 @@ class Control {
     bool Refused() const { return refused_; }
     int MarkedRow() const { return markedRow_; }
     int MarkedColumn() const { return markedColumn_; }
+    // Of a grid: the cell in which the hand stands, and those whose figures were refused.
+    const CellPlace& FocusCell() const { return focusCell_; }
+    const std::vector<CellPlace>& RefusedCells() const { return refusedCells_; }
 
     void SetText(std::string text);
     void Enable(bool on, Reason why = Reason::PageDisabled) { SetWhy(on ? Reason::None : why); }
@@ -79,6 +90,8 @@ class Control {
     void SetChanged(bool changed);
     void SetRefused(bool refused);
     void MarkCell(int row, int column);  // -1, -1: none
+    void SetFocusCell(CellPlace cell);
+    void SetRefusedCells(std::vector<CellPlace> cells);
 
     // Set once when the page is built.
     KeyFilter filter = KeyFilter::Any;
@@ -88,6 +101,8 @@ class Control {
     Handler onLeave;   // may put the focus back
     Handler onDoubleClick;
     CellHandler onCell;
+    // The field that a press of the button fills; null: none. A refused value there does not hold the press back.
+    std::function<const Control*()> fills;
 
     // What stands beside a value in its row; any of them may be missing. Set once when the page is built.
     struct Beside {
@@ -126,6 +141,8 @@ class Control {
     bool refused_ = false;
     int markedRow_ = -1;
     int markedColumn_ = -1;
+    CellPlace focusCell_;
+    std::vector<CellPlace> refusedCells_;
 };
 
 // The kinds by name, so that a page reads as what it shows.

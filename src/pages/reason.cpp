@@ -12,7 +12,7 @@ struct Row {
 };
 
 // texts of MOTIVI
-constexpr std::array<Row, 25> Keys{{
+constexpr std::array<Row, 26> Keys{{
     {Reason::NoUnit, "NESSUNA_CENTRALINA"},
     {Reason::Transaction, "TRANSAZIONE"},
     {Reason::Calibration, "TARATURA"},
@@ -28,6 +28,7 @@ constexpr std::array<Row, 25> Keys{{
     {Reason::LongOperation, "OPERAZIONE"},
     {Reason::ViewInForce, "VISTA_ATTIVA"},
     {Reason::FixedSpeed, "VELOCITA_FISSA"},
+    {Reason::NoSensor, "NESSUN_SENSORE"},
     {Reason::ReadingFailed, "LETTURA_FALLITA"},
     {Reason::BlankUnit, "CENTRALINA_VUOTA"},
     {Reason::Closed, "CHIUSA"},

@@ -22,6 +22,7 @@ enum class Reason {
     LongOperation,   // menus are off around a long operation
     ViewInForce,     // this view is shown already
     FixedSpeed,      // the chosen speed fixes the figure
+    NoSensor,        // a pressure while no sensor has been acquired
     ReadingFailed,   // the page could not be read from the unit
     BlankUnit,       // the unit is blank
     Closed,          // the page is not open

@@ -71,6 +71,13 @@ Control* WithAccessKey(const Page& page, std::string_view key) {
     return nullptr;
 }
 
+// Whether the grid has that cell, and it is no header.
+bool HasCell(const Control& grid, int row, int column) {
+    const auto rows = static_cast<int>(grid.GetCells().size());
+    return row >= grid.HeaderRows() && row < rows && column >= grid.HeaderColumns() &&
+           column < static_cast<int>(grid.GetCells()[static_cast<std::size_t>(row)].size());
+}
+
 // Of the options of a group (all options of a page whose names differ in the index alone) only one is on.
 void TurnOn(Control& option) {
     const std::string_view group = std::string_view(option.Name()).substr(0, option.Name().find('('));
@@ -145,7 +152,10 @@ bool PageStack::LeavePending(Page& page, const Control* next) {
 Outcome PageStack::Reach(Control& control) {
     const Reason why = WhyNot(control);
     if (why != Reason::None) return Outcome::Refused(why);
-    if (!LeavePending(control.Owner(), &control) && !control.escapes) return Outcome::Refused(Reason::ValueRefused);
+    const bool refilled =
+        control.fills && control.Owner().Focus() != nullptr && control.fills() == control.Owner().Focus();
+    if (!refilled && !LeavePending(control.Owner(), &control) && !control.escapes)
+        return Outcome::Refused(Reason::ValueRefused);
     // Leaving a field may itself have changed what can be reached.
     const Reason after = WhyNot(control);
     return after == Reason::None ? Outcome::Done() : Outcome::Refused(after);
@@ -237,16 +247,22 @@ Outcome PageStack::Select(Control& control, std::vector<int> indices) {
 
 Outcome PageStack::EditCell(Control& control, int row, int column, std::string_view text) {
     if (control.GetKind() != Kind::Grid || !control.onCell) return Outcome::Refused(Reason::WrongKind);
-    const auto legal = [&] {
-        const auto rows = static_cast<int>(control.GetCells().size());
-        return row >= control.HeaderRows() && row < rows && column >= control.HeaderColumns() &&
-               column < static_cast<int>(control.GetCells()[static_cast<std::size_t>(row)].size());
-    };
+    const auto legal = [&] { return HasCell(control, row, column); };
     if (const Outcome reached = ReachEditable(control, legal); !reached.ok) return reached;
     control.Owner().SetFocus(&control);
+    control.SetFocusCell({row, column});
     const std::string typed = Filtered(control, text);
     if (typed.empty() && !text.empty()) return Outcome::Done();  // every key was dropped: the cell stands
     control.onCell(row, column, typed);
+    return Outcome::Done();
+}
+
+Outcome PageStack::PointAtCell(Control& control, int row, int column) {
+    if (control.GetKind() != Kind::Grid) return Outcome::Refused(Reason::WrongKind);
+    if (!HasCell(control, row, column)) return Outcome::Refused(Reason::NoSuchEntry);
+    if (const Outcome reached = Reach(control); !reached.ok) return reached;
+    control.Owner().SetFocus(&control);
+    control.SetFocusCell({row, column});
     return Outcome::Done();
 }
 

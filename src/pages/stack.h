@@ -39,6 +39,8 @@ class PageStack {
     Outcome Leave(Control& control);
     Outcome Select(Control& control, std::vector<int> indices);
     Outcome EditCell(Control& control, int row, int column, std::string_view text);
+    // The hand has moved to a cell of a grid.
+    Outcome PointAtCell(Control& control, int row, int column);
     Outcome DoubleClick(Control& control);
     // A key by name: one that the page has bound, "Alt+S" for a caption that marks the letter, or one of the control
     // that has the focus: "Enter", "Tab", "Shift+Tab", "Space", "Backspace", "Delete", in a list "Up", "Down", "Home",

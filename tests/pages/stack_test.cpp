@@ -237,6 +237,35 @@ TEST(PageStack, KeepsOneOptionOfAGroupAndTogglesAChecks) {
     EXPECT_FALSE(s.Agree.Selected());
 }
 
+TEST(PageStack, TheHandStandsInTheCellThatIsEditedOrPointedAt) {
+    Desk d;
+    Sheet& s = d.bottom;
+    EXPECT_EQ(s.Table.FocusCell(), (CellPlace{-1, -1}));
+    EXPECT_TRUE(d.stack.PointAtCell(s.Table, 1, 0).ok);
+    EXPECT_EQ(s.Table.FocusCell(), (CellPlace{1, 0}));
+    EXPECT_EQ(s.Focus(), &s.Table);
+    EXPECT_TRUE(d.stack.EditCell(s.Table, 1, 1, "5").ok);
+    EXPECT_EQ(s.Table.FocusCell(), (CellPlace{1, 1}));
+    EXPECT_EQ(d.stack.PointAtCell(s.Table, 0, 0).why, Reason::NoSuchEntry);
+    EXPECT_EQ(d.stack.PointAtCell(s.Figure, 0, 0).why, Reason::UnknownControl);
+    s.Table.SetWhy(Reason::ReadingFailed);
+    EXPECT_EQ(d.stack.PointAtCell(s.Table, 1, 0).why, Reason::ReadingFailed);
+}
+
+// A refused figure holds every button back but the one that fills its field.
+TEST(PageStack, AButtonThatFillsARefusedFieldIsNotHeldBackByIt) {
+    Desk d;
+    Sheet& s = d.bottom;
+    s.Figure.onLeave = [&s] { s.SetFocus(&s.Figure); };
+    d.stack.Type(s.Figure, "999");
+    EXPECT_EQ(d.stack.Press(s.Save).why, Reason::ValueRefused);
+    s.Save.fills = [&s] { return &s.Figure; };
+    EXPECT_TRUE(d.stack.Press(s.Save).ok);
+    s.Save.fills = [&s] { return &s.Choice; };
+    s.SetFocus(&s.Figure);
+    EXPECT_EQ(d.stack.Press(s.Save).why, Reason::ValueRefused);
+}
+
 TEST(PageStack, RefusesWhatLiesOutsideAListOrAGrid) {
     Desk d;
     Sheet& s = d.bottom;
