@@ -5,6 +5,9 @@
 
 #include "link/frames/numbers.h"
 #include "shell/message.h"
+#include "tuning/limits.h"
+#include "tuning/page_rows.h"
+#include "tuning/parameter_table.h"
 #include "tuning/tuning.h"
 
 namespace tuning {
@@ -21,9 +24,10 @@ constexpr double LargestByte = 0xFF;
 constexpr double LargestWord = 0xFFFF;
 constexpr double LargestCount = 1023;
 constexpr std::size_t AxisDigits = 5;
-constexpr const char* NoFigure = "****";
 constexpr int Headers = 1;  // rows above the cells, and columns left of them
 constexpr int FirstAnchor = 1;
+constexpr int OverSpeedColumn = MapColumns - 1;
+constexpr std::size_t OverSpeedRecord = table::NumberOf("ValFG", 0);
 constexpr int LastAnchor = 7;  // of the rows of a column; those between them are worked out
 
 constexpr int RowOf(int cell) {
@@ -81,10 +85,14 @@ MessaL1::MessaL1(Tuning& owner) : Page("MessaL1"), tuning_(owner) {
 
 void MessaL1::Opening() {
     held_ = {};
-    tableRead_ = false;
+    tableRead_ = halfStored_ = false;
     LoadTexts();
-    for (const auto& field : Giri) field->SetText({});
-    for (const auto& field : MAPV) field->SetText({});
+    for (auto* axis : {&Giri, &MAPV}) {
+        for (const auto& field : *axis) {
+            field->SetText({});
+            field->SetRefused(false);
+        }
+    }
     LambdaRicco.SetCells(pages::Cells(MapRows + Headers, std::vector<std::string>(MapColumns + Headers)), Headers,
                          Headers);
     MarkChanges();
@@ -107,6 +115,7 @@ void MessaL1::LoadTexts() {
     Distribuisci.SetText(shell.TestoLingua("DISTRIBUISCI.0", "TASTI"));
     LimDistr.SetText(shell.TestoLingua("LIMDISTR.0", "MESSAL1"));
     Memorizza.SetText(shell.TestoLingua("MEMORIZZA.0", "TASTI"));
+    LabStorico.SetText(shell.TestoLingua("STORICO.0", "MESSAL1"));
     RileggoReset.SetText(shell.TestoLingua("RILEGGORESET.0", "MESSAL1"));
     Esci.SetText(shell.TestoLingua("ESCI.0", "TASTI"));
     LoadLiveTexts();
@@ -119,7 +128,11 @@ void MessaL1::SetEditing(bool on) {
     LambdaRicco.SetLocked(!on);
     for (const auto& field : Giri) field->SetLocked(!on);
     // A pressure without a figure cannot be converted back: no sensor has been acquired.
-    for (const auto& field : MAPV) field->SetLocked(!on || field->Text() == NoFigure);
+    for (const auto& field : MAPV) {
+        const bool none = field->Text() == NoFigure;
+        field->SetLocked(!on || none);
+        field->SetWhy(none ? Reason::NoSensor : Reason::None);
+    }
 }
 
 void MessaL1::SetTableWhy(Reason why) {
@@ -160,22 +173,62 @@ void MessaL1::ShowCells(const BaseMap& map) {
         SetCellText(cell, Format0(map.LambdaRicco[static_cast<std::size_t>(cell)]));
 }
 
+std::string MessaL1::AxisText(int row, int column) const {
+    return LambdaRicco.GetCells().at(static_cast<std::size_t>(row)).at(static_cast<std::size_t>(column));
+}
+
+// A figure that nobody has changed stands as the unit holds it, whatever it is; an emptied field gets it back.
 void MessaL1::GiriLeft(int column) {
-    Giri[column].SetText(Format0(std::min(ValoreNum(Giri[column].Text()), LargestWord)));
-    LambdaRicco.SetCell(0, column + Headers, Giri[column].Text());
-    Edited();
+    pages::Field& field = Giri[column];
+    const std::string before = AxisText(0, column + Headers);
+    if (field.Text().empty()) field.SetText(before);
+    const double figure = std::min(ValoreNum(field.Text()), LargestWord);
+    const Record& limits = tuning_.memoria[OverSpeedRecord];
+    const bool typed = field.Text() != before;
+    if (typed && column == OverSpeedColumn && !WithinLimits(limits, figure)) return RefuseOverSpeed(limits);
+    TakeAxis(field, 0, column + Headers, typed ? Format0(figure) : before);
+    if (typed) WarnOfAxis(Giri);
+}
+
+// The end of the axis is the over-speed threshold, with the limits that it has on its own page.
+void MessaL1::RefuseOverSpeed(const Record& limits) {
+    shell::Shell& shell = tuning_.memory.link.shell;
+    pages::Field& field = Giri[OverSpeedColumn];
+    shell.Beep();
+    Tell(Format0(limits.Min) + " - " + Format0(limits.Max) + " " +
+         shell.TestoLingua(MeasureKey(Measure::Revolutions, false), "MISURE"));
+    field.SetRefused(true);
+    field.pending = true;
+    SetFocus(&field);
 }
 
 // A pressure that the sensor cannot tell is brought to the nearest one that it can.
 void MessaL1::MAPVLeft(int row) {
+    pages::Field& field = MAPV[row];
+    const std::string before = AxisText(row + Headers, 0);
     const Context context = tuning_.CurrentContext();
     const auto none = Pressure(context, 0);
     const auto full = Pressure(context, LargestCount);
-    const double typed = ValoreNum(MAPV[row].Text());
-    MAPV[row].SetText(none && full ? Format0(std::clamp(typed, std::min(*none, *full), std::max(*none, *full)))
-                                   : readMAPV_[static_cast<std::size_t>(row)]);
-    LambdaRicco.SetCell(row + Headers, 0, MAPV[row].Text());
+    const bool typed = !field.Text().empty() && field.Text() != before && none && full;
+    if (!typed) return TakeAxis(field, row + Headers, 0, before);
+    const double figure = std::clamp(ValoreNum(field.Text()), std::min(*none, *full), std::max(*none, *full));
+    TakeAxis(field, row + Headers, 0, Format0(figure));
+    WarnOfAxis(MAPV);
+}
+
+void MessaL1::TakeAxis(pages::Field& field, int row, int column, const std::string& figure) {
+    field.SetText(figure);
+    field.SetRefused(false);
+    LambdaRicco.SetCell(row, column, figure);
     Edited();
+}
+
+// A unit may hold breakpoints in any order: one that was typed out of order is told, not refused.
+void MessaL1::WarnOfAxis(pages::Array<pages::Field>& axis) {
+    for (int i = axis.First() + 1; i < axis.End(); ++i) {
+        if (ValoreNum(axis[i].Text()) <= ValoreNum(axis[i - 1].Text()))
+            return Tell(tuning_.memory.link.shell.TestoLingua("SEGNALAZIONE_7", "MESSAL1"));
+    }
 }
 
 void MessaL1::CellLeft(int row, int column, const std::string& text) {
@@ -205,7 +258,8 @@ void MessaL1::MarkChanges() {
 }
 
 bool MessaL1::Unsaved() const {
-    return std::any_of(Controls().begin(), Controls().end(), [](const pages::Control* c) { return c->Changed(); });
+    return halfStored_ ||
+           std::any_of(Controls().begin(), Controls().end(), [](const pages::Control* c) { return c->Changed(); });
 }
 
 // The rows between the anchors of each column are put on the straight line between them; row 0 is left alone.

@@ -9,6 +9,7 @@
 #include "pages/page.h"
 #include "platform/timer.h"
 #include "tuning/messal1_frames.h"
+#include "tuning/parameter_map.h"
 
 namespace tuning {
 
@@ -33,6 +34,7 @@ struct MessaL1 : pages::Page {
     pages::Array<pages::Label> LabAuto{*this, "LabAuto", LiveFigures};
     pages::Array<pages::Label> DatiAuto{*this, "DatiAuto", LiveFigures};
     pages::Array<pages::Label> UmAuto{*this, "UmAuto", LiveFigures};
+    pages::Label LabStorico{*this, "LabStorico"};  // what a store does besides
     pages::Label Segnalazione{*this, "Segnalazione"};
     pages::Label Avanzamento{*this, "Avanzamento"};  // how far an exchange is, in percent; hidden while none runs
     pages::Button Modifica{*this, "Modifica"};
@@ -66,6 +68,10 @@ struct MessaL1 : pages::Page {
     void SetTableWhy(pages::Reason why);
     void GiriLeft(int column);
     void MAPVLeft(int row);
+    void RefuseOverSpeed(const Record& limits);
+    void TakeAxis(pages::Field& field, int row, int column, const std::string& figure);
+    void WarnOfAxis(pages::Array<pages::Field>& axis);
+    std::string AxisText(int row, int column) const;
     void CellLeft(int row, int column, const std::string& text);
     void Edited();
     void MarkChanges();
@@ -99,6 +105,7 @@ struct MessaL1 : pages::Page {
     Tuning& tuning_;
     bool editing_ = false;
     bool tableRead_ = false;
+    bool halfStored_ = false;                    // a store broke off: the unit holds a part of it
     BaseMap held_;                               // what the unit holds
     std::array<std::string, MapRows> readMAPV_;  // the pressures as they were shown for it
     BaseMap moving_;                             // what is being read or stored

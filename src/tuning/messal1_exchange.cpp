@@ -1,7 +1,9 @@
 #include "link/catalogue.h"
 #include "link/frames/build.h"
 #include "link/transaction.h"
+#include "tuning/limits.h"
 #include "tuning/messal1.h"
+#include "tuning/page_frames.h"
 #include "tuning/tuning.h"
 
 namespace tuning {
@@ -15,6 +17,8 @@ constexpr int StoringSpare = 160;  // kept beside the three of the store; nothin
 constexpr int StoringAxes = 161;
 constexpr int StoringLive = 165;
 constexpr int StoringCells = 166;
+
+constexpr char LiveRead = 'R';
 
 constexpr auto StoreStates = std::to_array<int>({StoringSpare, StoringAxes, StoringLive, StoringCells});
 
@@ -53,6 +57,7 @@ void MessaL1::ShowProgress() {
 }
 
 void MessaL1::Finish(std::string text) {
+    SetLimits(tuning_.memoria, tuning_.Cells(), tuning_.CurrentContext());
     Tell(std::move(text));
     Avanzamento.SetVisible(false);
     SetEnabled(true);
@@ -70,7 +75,11 @@ void MessaL1::BeginReading(int state, std::vector<MapFrame> reads) {
 }
 
 bool MessaL1::ReadReply(const std::string& frame, void (MessaL1::*done)()) {
-    if (replies_ >= reads_.size() || !TakeReply(reads_[replies_], frames::Payload(frame), moving_)) return false;
+    if (replies_ >= reads_.size()) return false;
+    const MapFrame& read = reads_[replies_];
+    const std::string_view payload = frames::Payload(frame);
+    if (!TakeReply(read, payload, moving_)) return false;
+    if (read.letter != LiveRead) TakeCells(tuning_, {read.address, ByteCount(read)}, payload);
     ++replies_;
     ShowProgress();
     if (!eculink::ContinueChain(tuning_.memory.link)) (this->*done)();
@@ -85,9 +94,9 @@ void MessaL1::TableRead() {
     Finish({});
 }
 
+// The cells on the page are those of the engine; what counts as stored is the memory.
 void MessaL1::TableReadAgain() {
-    held_.LambdaRicco = moving_.LambdaRicco;
-    ShowCells(held_);
+    ShowCells(moving_);
     MarkChanges();
     Finish(tuning_.memory.link.shell.TestoLingua("SEGNALAZIONE_5", "MESSAL1"));
 }
@@ -113,6 +122,7 @@ void MessaL1::Store() {
         stretches_.push_back({StoringCells, WriteChain(stored, moving_)});
         frames += live.size() + stored.size();
     }
+    halfStored_ = true;
     Begin(link.shell.TestoLingua("SEGNALAZIONE_4", "MESSAL1"), frames);
     eculink::StartTransaction(link, StoringAxes, WriteChain(AxisWrites(), moving_));
 }
@@ -121,6 +131,7 @@ bool MessaL1::StoreReply() {
     eculink::Link& link = tuning_.memory.link;
     ++replies_;
     ShowProgress();
+    TakeConfirmed(tuning_, link.state.ComandoTx);
     if (eculink::ContinueChain(link)) return true;
     if (stretches_.empty()) {
         Stored();
@@ -134,6 +145,7 @@ bool MessaL1::StoreReply() {
 
 void MessaL1::Stored() {
     held_ = moving_;
+    halfStored_ = false;
     for (int row = 0; row < MapRows; ++row) readMAPV_[static_cast<std::size_t>(row)] = MAPV[row].Text();
     MarkChanges();
     Finish(tuning_.memory.link.shell.TestoLingua("SEGNALAZIONE_1", "MESSAL1"));

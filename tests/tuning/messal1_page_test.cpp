@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tuning/messal1_rig.h"
+#include "tuning/parameter_names.h"
 
 namespace {
 
@@ -71,7 +72,7 @@ TEST(MessaL1, WhatIsTypedIsBroughtWithinItsLimits) {
     constexpr Case cases[] = {
         {"3", "5", "3"},       {"5", "5", "5"},           {"210", "210", "210"},
         {"211", "210", "211"}, {"300", "210", "300"},     {"007", "7", "7"},
-        {"", "5", "0"},        {"1,5", "15", "15"},       {"-20", "20", "20"},
+        {"", "5", "7"},        {"1,5", "15", "15"},       {"-20", "20", "20"},
         {"1e3", "13", "13"},   {"65536", "210", "65535"}, {"99999999999999999999", "210", "65535"},
     };
     for (const Case& c : cases) {
@@ -215,9 +216,114 @@ TEST(MessaL1, RileggoResetTakesTheCellsFromTheWorkingMemoryAndLeavesTheAxes) {
     EXPECT_EQ(e.Cell(0, 0), std::to_string(e.Live(1064)));
     EXPECT_EQ(e.Cell(15, 7), "66");
     EXPECT_EQ(e.Page().Giri[3].Text(), "1600");
+    EXPECT_TRUE(e.Page().LambdaRicco.Changed()) << "the memory holds another cell than the engine";
+    EXPECT_EQ(e.Shown(), e.Text("SEGNALAZIONE_5", "MESSAL1"));
+    e.EnterCell(15, 7, std::to_string(e.Stored(175)));
     EXPECT_FALSE(e.Page().LambdaRicco.Changed());
     EXPECT_TRUE(e.Page().Unsaved()) << "the axis is still not stored";
-    EXPECT_EQ(e.Shown(), e.Text("SEGNALAZIONE_5", "MESSAL1"));
+}
+
+// The last speed is the over-speed threshold.
+TEST(MessaL1, TheOverSpeedThresholdKeepsItsLimits) {
+    BaseMapEditor e({"cell O 3150 0FA0"});  // 4000, which no page would accept
+    e.OpenForEditing();
+    tuning::MessaL1& page = e.Page();
+    e.Stack().FocusOn(page.Giri[15]);
+    e.Stack().Leave(page.Giri[15]);
+    EXPECT_EQ(page.Giri[15].Text(), "4000") << "what the unit holds may stand";
+    for (const char* figure : {"4499", "10001", "99999"}) {
+        const int beeps = e.Beeps();
+        e.Enter(page.Giri[15], figure);
+        EXPECT_EQ(e.Beeps(), beeps + 1) << figure;
+        EXPECT_EQ(e.Shown(), "4500 - 10000 rpm") << figure;
+        EXPECT_EQ(page.Giri[15].Text(), figure);
+        EXPECT_TRUE(page.Giri[15].Refused());
+        EXPECT_EQ(page.Focus(), &page.Giri[15]);
+        EXPECT_EQ(page.LambdaRicco.GetCells()[0][16], "4000");
+        EXPECT_EQ(e.Stack().Press(page.Memorizza).why, Reason::ValueRefused);
+    }
+    e.Enter(page.Giri[15], "6500");
+    EXPECT_FALSE(page.Giri[15].Refused());
+    EXPECT_EQ(e.Shown(), "");
+    e.Enter(page.Giri[15], "99");
+    e.Enter(page.Giri[15], "");
+    EXPECT_EQ(page.Giri[15].Text(), "6500") << "an emptied field gets its figure back";
+    EXPECT_FALSE(page.Giri[15].Refused());
+    e.Enter(page.MAPV[3], "");
+    EXPECT_FALSE(page.MAPV[3].Changed());
+}
+
+TEST(MessaL1, AnAxisTypedOutOfOrderIsToldAndAccepted) {
+    BaseMapEditor e({"cell L 6 0001"});  // the unit's own fourth speed is below the third
+    e.OpenForEditing();
+    e.Enter(e.Page().Giri[8], std::to_string(4000));
+    EXPECT_EQ(e.Shown(), e.Text("SEGNALAZIONE_7", "MESSAL1"));
+    e.Enter(e.Page().Giri[3], "1600");
+    e.Enter(e.Page().Giri[8], "3500");
+    EXPECT_EQ(e.Shown(), "");
+    e.Enter(e.Page().MAPV[2], "200");
+    EXPECT_EQ(e.Shown(), e.Text("SEGNALAZIONE_7", "MESSAL1"));
+    EXPECT_EQ(e.Page().MAPV[2].Text(), "200");
+    e.Press(e.Page().Memorizza);
+    ASSERT_TRUE(e.Finish());
+    EXPECT_EQ(e.Shown(), e.Text("SEGNALAZIONE_1", "MESSAL1"));
+}
+
+TEST(MessaL1, AFieldThatWasOnlyPassedThroughIsNotChanged) {
+    BaseMapEditor e({"cell L 32 0010", "cell L 0 FFFF"});  // below the least pressure that is believed
+    e.OpenForEditing();
+    for (const auto& axis : {&e.Page().Giri, &e.Page().MAPV}) {
+        for (const auto& field : *axis) {
+            e.Stack().FocusOn(*field);
+            e.Stack().Leave(*field);
+            EXPECT_FALSE(field->Changed()) << field->Name();
+        }
+    }
+    EXPECT_FALSE(e.Page().Unsaved());
+    e.Press(e.Page().Memorizza);
+    ASSERT_TRUE(e.Finish());
+    EXPECT_EQ(e.Stored(33), 0x10);
+}
+
+// The other pages bound their figures by what the map has stored.
+TEST(MessaL1, AStoreIsKnownToImageRecordsAndLimits) {
+    const auto figure = [](BaseMapEditor& e, const char* record) {
+        return std::string(platform::Trim(e.program.tuning.memoria[tuning::FindRecord(record)->number].Dato[0]));
+    };
+    const auto most = [](BaseMapEditor& e, const char* record) {
+        return e.program.tuning.memoria[tuning::FindRecord(record)->number].Max;
+    };
+    for (const bool broken : {false, true}) {
+        BaseMapEditor e;
+        e.OpenForEditing();
+        EXPECT_EQ(figure(e, "RPMZone(3)"), "1500") << "as the editor read it";
+        e.Enter(e.Page().Giri[3], "1600");
+        e.Enter(e.Page().Giri[15], "6500");
+        e.EnterCell(0, 0, "99");
+        if (broken) e.Sim("misbehave refuse command I once at frame 7");
+        e.Press(e.Page().Memorizza);
+        ASSERT_TRUE(e.Finish());
+        EXPECT_EQ(e.program.tuning.Cells()(3150, 2), 6500U);
+        EXPECT_EQ(e.program.tuning.Cells()(48, 1), broken ? static_cast<std::uint32_t>(e.Stored(48)) : 99U);
+        EXPECT_EQ(figure(e, "RPMZone(3)"), "1600");
+        EXPECT_EQ(figure(e, "ValFG(0)"), "6500");
+        EXPECT_EQ(most(e, "ValFG(1)"), 6500);
+        EXPECT_EQ(most(e, "ValCut(0)"), 6500);
+        if (!broken) continue;
+        // What was typed back is not what the unit holds now.
+        e.EnterCell(0, 0, std::to_string(e.Stored(48)));
+        e.Enter(e.Page().Giri[3], "1500");
+        e.Enter(e.Page().Giri[15], "6200");
+        EXPECT_TRUE(e.Page().Unsaved());
+    }
+}
+
+TEST(MessaL1, ThePageSaysThatAStoreClearsTheHistory) {
+    BaseMapEditor e;
+    e.Open();
+    EXPECT_TRUE(e.Page().LabStorico.Visible());
+    EXPECT_EQ(e.Page().LabStorico.Text(), e.Text("STORICO.0", "MESSAL1"));
+    EXPECT_NE(e.Page().LabStorico.Text(), "");
 }
 
 // What goes wrong in each state of the store, and what the fitter then sees.
@@ -388,7 +494,7 @@ TEST(MessaL1, WithoutAnAcquiredSensorPressuresAreNeitherShownNorLost) {
     BaseMapEditor e({"cell O 3312 00", "cell O 3104 01F401F4"});
     e.OpenForEditing();
     EXPECT_EQ(e.Page().MAPV[0].Text(), "****");
-    EXPECT_EQ(e.Stack().Type(e.Page().MAPV[0], "300").why, Reason::Locked);
+    EXPECT_EQ(e.Stack().Type(e.Page().MAPV[0], "300").why, Reason::NoSensor);
     e.EnterCell(0, 0, "99");
     e.Press(e.Page().Memorizza);
     ASSERT_TRUE(e.Finish());
