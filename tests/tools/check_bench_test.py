@@ -12,7 +12,8 @@ TOOL = Path(__file__).parent.parent.parent / "tools" / "check-bench"
 
 def run(times, gates, exit_status=0):
     """Runs the check on a program that says it has taken these times (name, time, unit) of the processor."""
-    report = {"benchmarks": [{"run_type": "iteration", "run_name": n, "cpu_time": t, "real_time": 10 - t, "time_unit": u}
+    report = {"benchmarks": [{"run_type": "iteration", "run_name": n, "cpu_time": t, "real_time": 10 - t, "time_unit": u,
+                              "half": t / 2}
                              for n, t, u in times]}
     with tempfile.TemporaryDirectory() as folder:
         program = Path(folder) / "bench_x"
@@ -30,6 +31,9 @@ class CheckBench(unittest.TestCase):
             ("just allowed", slow_and_fast, "# remark\nbench_x A B 3\n", 0, 0),
             ("too slow", slow_and_fast, "bench_x A B 2.9\n", 0, 1),
             ("one of two too slow", slow_and_fast, "bench_x B A 1\nbench_x A B 2.9\n", 0, 1),
+            ("a counter of one run against another", [("A", 9, "us")], "bench_x A:half A:cpu_time 0.5\n", 0, 0),
+            ("a counter too high", [("A", 9, "us")], "bench_x A:half A:cpu_time 0.4\n", 0, 1),
+            ("no such counter", [("A", 9, "us")], "bench_x A:third A:half 9\n", 0, 1),
             ("not measured", slow_and_fast, "bench_x C B 3\n", 0, 1),
             ("no such program", slow_and_fast, "bench_y A B 3\n", 0, 1),
             ("the program failed", slow_and_fast, "bench_x A B 3\n", 3, 1),
