@@ -13,8 +13,6 @@ constexpr double ReducedScale = 255;
 constexpr double SecondProbeScale = 470;
 constexpr int ModeOfUnit = 1;  // the line that stands in the unit
 constexpr std::uint32_t SecondPosition = 255;
-constexpr std::string_view NoFigure = "    ****";
-
 // Full scale of a probe whose thresholds are shown reduced; 0 for one that is shown as it is.
 double LambdaScale(const Context& context) {
     if (context.risoluzionePiena) return 0;
@@ -61,7 +59,13 @@ bool SameFigure(const std::string& a, const std::string& b) {
 }
 
 std::string TextOf(const std::optional<double>& figure) {
-    return figure ? FigureText(*figure) : std::string(NoFigure);
+    constexpr std::size_t Width = 8;
+    return figure ? FigureText(*figure) : frames::RightAlign(std::string(NoFigure), Width);
+}
+
+// The figure of Dato(1) as it was shown, untouched since.
+bool Stands(const Record& record) {
+    return record.shown && SameFigure(record.Dato[1], record.shown->figure);
 }
 
 }  // namespace
@@ -72,6 +76,7 @@ Context ContextOf(const CalibrationTable& calibration, bool risoluzionePiena, bo
     context.risoluzionePiena = risoluzionePiena;
     context.datiLunghi = datiLunghi;
     context.tabella.tipoSensoreMAP = static_cast<int>(calibration.P1.Letto);
+    context.throttleTurned = calibration.TPS[3].Letto == 1;
     context.tabella.linea = {
         {{calibration.MAP[0].Dato, calibration.MAP[1].Dato}, {calibration.MAP[0].Letto, calibration.MAP[1].Letto}}};
     return context;
@@ -98,12 +103,20 @@ double LambdaCount(double shown, const Context& context) {
     return scale == 0 ? shown : frames::Scala(shown, ReducedScale, scale, true);
 }
 
+double ThrottleKept(double reading, const Context& context) {
+    return context.throttleTurned ? FullScale - reading : reading;
+}
+
 double ThrottleShown(double count, const Context& context) {
     return context.risoluzionePiena ? count : frames::Scala(count, FullScale, ReducedScale, true);
 }
 
 double ThrottleCount(double shown, const Context& context) {
     return context.risoluzionePiena ? shown : frames::Scala(shown, ReducedScale, FullScale, true);
+}
+
+bool FollowsSelector(const Row& row) {
+    return row.conversion == Conversion::CutOffThreshold || row.conversion == Conversion::IdleThreshold;
 }
 
 bool IsPressure(const Row& row, const Context& context) {
@@ -137,23 +150,40 @@ std::optional<std::uint32_t> ToRaw(const Row& row, double shown, const Context& 
 
 void TakeRead(Record& record, std::uint32_t count, const Context& context) {
     record.raw = count;
-    record.Dato[0] = record.Dato[1] = TextOf(ToShown(*record.row, count, context));
+    record.tried.reset();
+    record.Dato[0] = TextOf(ToShown(*record.row, count, context));
+    TakeBack(record);
+}
+
+void TakeBack(Record& record) {
+    record.Dato[1] = record.Dato[0];
+    record.shown.reset();
+    if (record.raw) record.shown = {*record.raw, record.Dato[0]};
 }
 
 std::optional<std::uint32_t> Outgoing(const Record& record, std::size_t slot, const Context& context) {
     const std::string& text = record.Dato[slot];
+    if (slot == 0 && record.raw) return record.raw;
     // A list of two positions is stored as 0 and 255 alone, whatever stood for its second position when it was read.
-    const bool asRead = slot == 0 || !IsSwitch(*record.row);
-    if (record.raw && asRead && SameFigure(text, record.Dato[0])) return record.raw;
+    if (slot == 1 && !IsSwitch(*record.row) && Stands(record)) return record.shown->count;
     if (!frames::IsNumeric(text)) return std::nullopt;
     return ToRaw(*record.row, frames::ValoreNum(text), context);
 }
 
 void ShowAnew(Record& record, const Context& before, const Context& after) {
-    const std::optional<std::uint32_t> edited = Outgoing(record, 1, before);
-    const std::optional<std::uint32_t> read = Outgoing(record, 0, before);
-    if (read) record.Dato[0] = TextOf(ToShown(*record.row, *read, after));
-    if (edited) record.Dato[1] = TextOf(ToShown(*record.row, *edited, after));
+    const std::optional<std::uint32_t> count = Outgoing(record, 1, before);
+    if (!count) return;
+    record.Dato[1] = TextOf(ToShown(*record.row, *count, after));
+    record.shown = {*count, record.Dato[1]};
+}
+
+void ShowReadAnew(Record& record, const Context& context) {
+    if (record.raw) record.Dato[0] = TextOf(ToShown(*record.row, *record.raw, context));
+}
+
+bool Differ(const Record& record) {
+    if (Stands(record)) return record.shown->count != record.raw;
+    return frames::ValoreNum(record.Dato[0]) != frames::ValoreNum(record.Dato[1]);
 }
 
 }  // namespace tuning

@@ -18,6 +18,7 @@ struct Context {
     frames::MAPTable tabella;
     bool cutOffByPressure = true;  // what SogliaTM and SogliaMin select; otherwise the throttle
     bool idleByPressure = true;
+    bool throttleTurned = false;  // the sensor falls when the throttle opens: the unit keeps its counts turned round
 };
 
 // The context that the calibration of a unit gives; selectors stay as they are by default.
@@ -34,9 +35,15 @@ double CountOfPercent(double percent);
 double LambdaShown(double count, const Context& context);
 double LambdaCount(double shown, const Context& context);
 
-// Throttle reading as shown, and back.
+// The count that the unit keeps for a reading of the throttle.
+double ThrottleKept(double reading, const Context& context);
+
+// Throttle count as shown, and back.
 double ThrottleShown(double count, const Context& context);
 double ThrottleCount(double shown, const Context& context);
+
+// Whether a selector decides by which sensor the record is shown.
+bool FollowsSelector(const Row& row);
 
 // Whether the record holds a manifold reading that is shown in mbar.
 bool IsPressure(const Row& row, const Context& context);
@@ -46,14 +53,25 @@ std::optional<double> ToShown(const Row& row, std::uint32_t count, const Context
 // The count for a figure, rounded to a whole number and held within the width of the cell. Nothing as above.
 std::optional<std::uint32_t> ToRaw(const Row& row, double shown, const Context& context);
 
-// Puts a count that was read into the record: Dato(0) and Dato(1) are the figure for it ("****" when there is none).
+// Stands for a figure that there is none for.
+inline constexpr std::string_view NoFigure = "****";
+
+// Puts a count that was read into the record: Dato(0) and Dato(1) are the figure for it, or NoFigure.
 void TakeRead(Record& record, std::uint32_t count, const Context& context);
 
-// The count of Dato(`slot`) for the wire: a figure equal to the one read is the count as it was read (an edited list of
-// two positions is always 0 or 255), any other is converted back. Nothing when it cannot be.
+// The edit is taken back: Dato(1) is Dato(0).
+void TakeBack(Record& record);
+
+// The count of Dato(`slot`) for the wire: a figure that stands as it was shown is the count that it was shown from (an
+// edited list of two positions is always 0 or 255), any other is converted back. Nothing when it cannot be.
 std::optional<std::uint32_t> Outgoing(const Record& record, std::size_t slot, const Context& context);
 
-// Shows both figures anew after a change of what they are shown by (a selector, the display); the counts stay.
+// Whether the record has been edited: its figures differ as numbers, or what they were shown from.
+bool Differ(const Record& record);
+
+// Shows Dato(1) anew after its selector has been moved; the count stays. Dato(0) stays as the unit's selector shows it.
 void ShowAnew(Record& record, const Context& before, const Context& after);
+// Shows Dato(0) anew: the unit's selector is another one now.
+void ShowReadAnew(Record& record, const Context& context);
 
 }  // namespace tuning

@@ -97,9 +97,17 @@ CellReader Tuning::Cells() const {
 }
 
 Context Tuning::CurrentContext() const {
+    return WithSelectors(1);
+}
+
+Context Tuning::InitialContext() const {
+    return WithSelectors(0);
+}
+
+Context Tuning::WithSelectors(std::size_t slot) const {
     const shell::State& state = memory.link.shell.state;
     Context context = ContextOf(calibration, state.RisoluzionePiena == True, memory.link.state.DatiLunghi == 1);
-    TakeSelectors(context, memoria, Cells());
+    TakeSelectors(context, memoria, Cells(), slot);
     return context;
 }
 

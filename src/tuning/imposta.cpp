@@ -15,6 +15,7 @@ using shell::Text;
 
 constexpr std::string_view Section = "IMPOSTA";
 constexpr Text Refusal{"SEGNALAZIONE_2", "IMPOSTA"};
+constexpr Text NoReading{"ERRORE_18", "ERRORI"};
 constexpr Text NoBaseMap{"ERRORE_9", "ERRORI"};
 constexpr Text NotWritten{"ERRORE_10", "ERRORI"};
 
@@ -53,6 +54,11 @@ Imposta::Imposta(Tuning& owner)
         editing.Take(record, figure);
         if (!figure.empty()) editing.onTouched();
     };
+    tank.onNoReading = [this] {
+        tuning_.memory.link.shell.Beep();
+        cycle.Tell(NoReading);
+    };
+    editing.onTyped = [this](std::size_t record) { tank.Typed(record); };
     live.onTick = [this] { tank.Follow(); };
     cycle.onShown = [this] { tank.Show(cycle.Page() == TankPage); };
     cycle.onEditable = [this](pages::Reason why) {

@@ -12,6 +12,7 @@ namespace tuning {
 namespace {
 
 constexpr int RevBreakpoints = 7;
+constexpr int RevColumns = RevBreakpoints + 1;
 constexpr int LoadBreakpoints = 4;
 constexpr int LoadRows = LoadBreakpoints + 1;
 constexpr int ModeOfUnit = 1;  // the sensor line that stands in the unit
@@ -22,15 +23,17 @@ constexpr std::size_t FirstRich = table::NumberOf("T_LamSup", 0);
 constexpr std::size_t FirstLean = table::NumberOf("T_LamInf", 0);
 constexpr std::size_t AxisRecord = table::NumberOf("ScelgoMAP");
 
-// Working zones with thresholds of their own, by their digit in the live frame.
+// What the engine does, by the digit of the live frame, and its own thresholds.
 struct OwnThresholds {
-    char zone;
+    Ruler ruler;
+    char digit;
     std::size_t lean;
     std::size_t rich;
+    bool diesel;  // whether the diesel build knows it: there the digit of full load is normal running
 };
 constexpr std::array<OwnThresholds, 2> OwnZones{{
-    {'1', table::NumberOf("ValMin", 5), table::NumberOf("ValMin", 6)},
-    {'3', table::NumberOf("ValPC", 11), table::NumberOf("ValPC", 12)},
+    {Ruler::Idle, '1', table::NumberOf("ValMin", 5), table::NumberOf("ValMin", 6), true},
+    {Ruler::FullLoad, '3', table::NumberOf("ValPC", 11), table::NumberOf("ValPC", 12), false},
 }};
 
 std::optional<double> Live(const Tuning& tuning, int channel) {
@@ -39,24 +42,31 @@ std::optional<double> Live(const Tuning& tuning, int channel) {
     return frames::ValoreNum(text);
 }
 
-double Held(const Tuning& tuning, std::size_t record) {
-    return frames::ValoreNum(tuning.memoria[record].Dato[0]);
+// The figure that the unit works with.
+double Working(const Tuning& tuning, std::size_t number) {
+    const Record& record = tuning.memoria[number];
+    const auto count = record.tried ? record.tried : record.raw;
+    if (!count) return frames::ValoreNum(record.Dato[0]);
+    return ToShown(*record.row, *count, tuning.InitialContext()).value_or(0);
 }
 
 // How many breakpoints the figure has reached.
 int ZoneOf(const Tuning& tuning, std::size_t first, int breakpoints, const std::optional<double>& figure) {
     if (!figure) return NoZone;
     int zone = 0;
-    while (zone < breakpoints && *figure >= Held(tuning, first + static_cast<std::size_t>(zone))) ++zone;
+    while (zone < breakpoints && *figure >= Working(tuning, first + static_cast<std::size_t>(zone))) ++zone;
     return zone;
 }
 
 // The load in the counts of the sensor on the axis.
 std::optional<double> LiveLoad(const Tuning& tuning) {
-    if (Held(tuning, AxisRecord) == 0) return Live(tuning, eculink::Tps);
+    const Context context = tuning.InitialContext();
+    if (Working(tuning, AxisRecord) == 0) {
+        const auto throttle = Live(tuning, eculink::Tps);
+        return throttle ? std::optional(ThrottleKept(*throttle, context)) : std::nullopt;
+    }
     const auto pressure = Live(tuning, eculink::Map);
     if (!pressure) return std::nullopt;
-    const Context context = tuning.CurrentContext();
     return frames::MAPCount(*pressure, ModeOfUnit, context.datiLunghi, context.tabella);
 }
 
@@ -70,16 +80,20 @@ int CheZonaMAP(const Tuning& tuning) {
     return ZoneOf(tuning, FirstLoad, LoadBreakpoints, LiveLoad(tuning));
 }
 
-ActiveThresholds ThresholdsNow(const Tuning& tuning) {
+Thresholds ThresholdsNow(const Tuning& tuning) {
     const std::string& working = tuning.memory.link.RecCanali.Grezzo[eculink::Macro];
+    const bool diesel = tuning.memory.link.shell.state.VarianteQT == shell::True;
     for (const OwnThresholds& own : OwnZones) {
-        if (working.find(own.zone) != std::string::npos) return {true, Held(tuning, own.lean), Held(tuning, own.rich)};
+        if ((diesel && !own.diesel) || working.find(own.digit) == std::string::npos) continue;
+        return {own.ruler, Working(tuning, own.lean), Working(tuning, own.rich)};
     }
-    const int column = CheZonaGiri(tuning);
-    const int row = CheZonaMAP(tuning);
-    if (column == NoZone || row == NoZone) return {};
+    return ThresholdsOf(tuning, CheZonaGiri(tuning), CheZonaMAP(tuning));
+}
+
+Thresholds ThresholdsOf(const Tuning& tuning, int column, int row) {
+    if (column < 0 || column >= RevColumns || row < 0 || row >= LoadRows) return {};
     const auto cell = static_cast<std::size_t>(column * LoadRows + row);
-    return {true, Held(tuning, FirstLean + cell), Held(tuning, FirstRich + cell)};
+    return {Ruler::Zone, Working(tuning, FirstLean + cell), Working(tuning, FirstRich + cell)};
 }
 
 }  // namespace tuning

@@ -136,8 +136,8 @@ bool Follows(std::size_t number, std::size_t changed) {
 }
 
 // Whether a selector stands on the manifold pressure.
-bool ByPressure(const Record& selector, const CellReader& cell) {
-    if (frames::IsNumeric(selector.Dato[1])) return frames::ValoreNum(selector.Dato[1]) == 0;
+bool ByPressure(const Record& selector, const CellReader& cell, std::size_t slot) {
+    if (frames::IsNumeric(selector.Dato[slot])) return frames::ValoreNum(selector.Dato[slot]) == 0;
     return cell(selector.EE, selector.NByte) == 0;
 }
 
@@ -158,9 +158,9 @@ void FollowNeighbour(MemoriaTable& memoria, std::size_t changed, const CellReade
     }
 }
 
-void TakeSelectors(Context& context, const MemoriaTable& memoria, const CellReader& cell) {
-    context.cutOffByPressure = ByPressure(memoria[CutOffSelector], cell);
-    context.idleByPressure = ByPressure(memoria[IdleSelector], cell);
+void TakeSelectors(Context& context, const MemoriaTable& memoria, const CellReader& cell, std::size_t slot) {
+    context.cutOffByPressure = ByPressure(memoria[CutOffSelector], cell, slot);
+    context.idleByPressure = ByPressure(memoria[IdleSelector], cell, slot);
 }
 
 bool WithinLimits(const Record& record, double figure) {

@@ -25,9 +25,9 @@ void SetLimits(MemoriaTable& memoria, const CellReader& cell, const Context& con
 // Sets the limits anew that follow the figures of one record: after its page has been read or a figure has been edited.
 void FollowNeighbour(MemoriaTable& memoria, std::size_t changed, const CellReader& cell, const Context& context);
 
-// Puts into the context what SogliaTM and SogliaMin select: the figure as now edited, or the cell in the image while
-// their page has not been read. Position 0 is the manifold pressure, the other the throttle.
-void TakeSelectors(Context& context, const MemoriaTable& memoria, const CellReader& cell);
+// Puts into the context what SogliaTM and SogliaMin select: the figure as now edited (slot 1) or as read (0), or the
+// cell in the image while their page has not been read. Position 0 is the manifold pressure, the other the throttle.
+void TakeSelectors(Context& context, const MemoriaTable& memoria, const CellReader& cell, std::size_t slot = 1);
 
 // Whether a page accepts a figure: a position of the list, or a number from Min to Max.
 bool WithinLimits(const Record& record, double figure);

@@ -44,6 +44,16 @@ constexpr std::size_t LoadAxis = table::NumberOf("ScelgoMAP");
 constexpr Text PressureAxis{"LABLA.1", "MESSAP"};
 constexpr Text ThrottleAxis{"LABLA.2", "MESSAP"};
 
+// Where the engine runs.
+constexpr Text EngineRevs{"B_LAM.0", "MESSAP"};
+constexpr Text EngineLoad{"B_LAM.1", "MESSAP"};
+constexpr Text EngineIdle{"B_LAM.2", "MESSAP"};
+constexpr Text EngineFullLoad{"B_LAM.3", "MESSAP"};
+
+std::string Words(const Thresholds& thresholds) {
+    return "   LamMM = " + frames::Format0(thresholds.lean) + "   LamRR = " + frames::Format0(thresholds.rich);
+}
+
 }  // namespace
 
 MessaP::MessaP(Tuning& owner)
@@ -54,6 +64,12 @@ MessaP::MessaP(Tuning& owner)
       cycle(owner, Dialog, {*this, head, controls, live, foot, editing}),
       tuning_(owner) {
     LeggoTPS.onPress = [this] { TakeThrottle(); };
+    LeggoTPS.fills = [this]() -> const pages::Control* {
+        for (const FieldControls& field : controls.Shown().fields) {
+            if (field.value == Focus() && TakesThrottle(field)) return field.value;
+        }
+        return nullptr;
+    };
     editing.onFigures = [this] { FollowFigures(); };
     cycle.onShown = [this] { FollowFigures(); };
     cycle.onEditable = [this](pages::Reason why) { LeggoTPS.SetWhy(why); };
@@ -86,26 +102,58 @@ void MessaP::FollowEngine() {
     const bool tables = controls.IsOpen(LambdaTables);
     B_Lam.SetVisible(tables);
     if (!tables) return;
-    const int column = CheZonaGiri(tuning_);
-    const int row = CheZonaMAP(tuning_);
-    const bool known = cycle.Read() && column != NoZone && row != NoZone;
+    const int column = cycle.Read() ? CheZonaGiri(tuning_) : NoZone;
+    const int row = cycle.Read() ? CheZonaMAP(tuning_) : NoZone;
+    const bool known = column != NoZone && row != NoZone;
     for (const char* grid : {"T_LamSup", "T_LamInf", "T_LamSupDef", "T_LamInfDef"})
         Find(grid)->MarkCell(known ? row : -1, known ? column : -1);
-    const ActiveThresholds now = ThresholdsNow(tuning_);
-    if (!now.known || !cycle.Read()) return B_Lam.SetText({});
-    B_Lam.SetText("   LamMM = " + frames::Format0(now.lean) + "   LamRR = " + frames::Format0(now.rich) +
-                  "   LamSt = " + frames::Format0((now.lean + now.rich) / 2));
+    ShowEngine(column, row);
+    ShowPointed(column, row);
+}
+
+// In words where idle or full load rule instead of the zone.
+void MessaP::ShowEngine(int column, int row) {
+    const shell::Shell& shell = tuning_.memory.link.shell;
+    const auto text = [&shell](const Text& key) { return std::string(shell.TestoLingua(key)); };
+    const Thresholds now = cycle.Read() ? ThresholdsNow(tuning_) : Thresholds{};
+    switch (now.ruler) {
+        case Ruler::Nothing:
+            return B_Lam.SetText({});
+        case Ruler::Zone:
+            return B_Lam.SetText(text(EngineRevs) + std::to_string(column + 1) + text(EngineLoad) +
+                                 std::to_string(row + 1) + Words(now));
+        case Ruler::Idle:
+            return B_Lam.SetText(text(EngineIdle) + Words(now));
+        case Ruler::FullLoad:
+            return B_Lam.SetText(text(EngineFullLoad) + Words(now));
+    }
+}
+
+// The button of the tables tells the thresholds of the cell in which the hand stands; of the engine's zone otherwise.
+void MessaP::ShowPointed(int column, int row) {
+    for (const char* name : {"T_LamInf", "T_LamSup"}) {
+        const pages::Control* grid = Find(name);
+        const pages::CellPlace cell = grid->FocusCell();
+        if (cell.row < 0) continue;
+        row = cell.row;
+        column = cell.column;
+        if (grid == Focus()) break;
+    }
+    const Thresholds pointed = cycle.Read() ? ThresholdsOf(tuning_, column, row) : Thresholds{};
+    Find(LambdaTables)
+        ->SetText(controls.Caption(LambdaTables) + (pointed.ruler == Ruler::Nothing ? std::string() : Words(pointed)));
 }
 
 // Thresholds of the throttle may be taken from the pedal as it stands.
+bool MessaP::TakesThrottle(const FieldControls& field) const {
+    const bool pressure = IsPressure(ParameterRows[field.row->record], tuning_.CurrentContext());
+    return field.row->measure == Measure::Throttle || (field.row->measure == Measure::OfSensor && !pressure);
+}
+
 const FieldControls* MessaP::ThrottleField() const {
     const FieldControls* first = nullptr;
-    const Context context = tuning_.CurrentContext();
     for (const FieldControls& field : controls.Shown().fields) {
-        const bool pressure = IsPressure(ParameterRows[field.row->record], context);
-        const bool takes =
-            field.row->measure == Measure::Throttle || (field.row->measure == Measure::OfSensor && !pressure);
-        if (!takes) continue;
+        if (!TakesThrottle(field)) continue;
         if (field.value == FocusBefore()) return &field;
         if (first == nullptr) first = &field;
     }
@@ -116,12 +164,15 @@ void MessaP::TakeThrottle() {
     const FieldControls* field = ThrottleField();
     const std::string& reading = tuning_.memory.link.RecCanali.Grezzo[eculink::Tps];
     if (field == nullptr) return;
+    const Context context = tuning_.CurrentContext();
     if (!frames::IsNumeric(reading)) {
         tuning_.memory.link.shell.Beep();
+        if (field->value->pending) SetFocus(field->value);  // what is typed there is still to be put right
         return cycle.Tell(NoReading);
     }
-    const auto count = static_cast<std::uint32_t>(std::max(0.0, frames::ValoreNum(reading)));
-    const auto shown = ToShown(ParameterRows[field->row->record], count, tuning_.CurrentContext());
+    const double kept = ThrottleKept(frames::ValoreNum(reading), context);
+    const auto shown =
+        ToShown(ParameterRows[field->row->record], static_cast<std::uint32_t>(std::max(0.0, kept)), context);
     if (!shown) return;
     if (editing.Take(field->row->record, frames::Format0(*shown))) SetFocus(field->value);
     editing.onTouched();

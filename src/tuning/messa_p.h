@@ -15,7 +15,7 @@ struct MessaP : pages::Page {
 
     PageHead head{*this};
     PageControls controls;
-    pages::Label B_Lam{*this, "B_Lam"};  // thresholds of the zone in which the engine runs
+    pages::Label B_Lam{*this, "B_Lam"};  // where the engine runs, and the thresholds by which it is controlled
     pages::Button LeggoTPS{*this, "LeggoTPS"};
     LivePanel live;
     PageFoot foot{*this};
@@ -29,9 +29,12 @@ struct MessaP : pages::Page {
   private:
     // What the fitter sees of the figures besides the figures: name of the load axis, the button of the throttle.
     void FollowFigures();
-    // The zone of the lambda map in which the engine runs.
+    // The zone of the lambda map in which the engine runs, and the thresholds of the one pointed at.
     void FollowEngine();
+    void ShowEngine(int column, int row);
+    void ShowPointed(int column, int row);
     void TakeThrottle();
+    bool TakesThrottle(const FieldControls& field) const;
     // The field that takes the live throttle: where the focus comes from, or the first one; null when the page has
     // none.
     const FieldControls* ThrottleField() const;

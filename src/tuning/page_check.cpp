@@ -16,24 +16,27 @@ constexpr int ThrottleClosed = 3088;
 constexpr int ThrottleOpen = 3090;
 constexpr int WordBytes = 2;
 
-// Two thresholds of which the lower never passes the upper: lean and rich, entering and leaving.
+// Two thresholds of which the lower never passes the upper: lean and rich, entering and leaving. Full load is entered
+// at more than it is left.
 struct Pair {
     std::size_t lower;
     std::size_t upper;
 };
-constexpr std::array<Pair, 3> Pairs{{
+constexpr std::array<Pair, 8> Pairs{{
     {table::NumberOf("ValLam", 1), table::NumberOf("ValLam", 2)},
     {table::NumberOf("ValCut", 3), table::NumberOf("ValCut", 4)},
     {table::NumberOf("ValMin", 3), table::NumberOf("ValMin", 4)},
+    {table::NumberOf("ValMin", 5), table::NumberOf("ValMin", 6)},
+    {table::NumberOf("ValPC", 1), table::NumberOf("ValPC", 0)},
+    {table::NumberOf("ValPC", 3), table::NumberOf("ValPC", 2)},
+    {table::NumberOf("ValPC", 11), table::NumberOf("ValPC", 12)},
+    {table::NumberOf("ValFG", 1), table::NumberOf("ValFG", 0)},
 }};
 
-bool FollowsSelector(const Row& row) {
-    return row.conversion == Conversion::CutOffThreshold || row.conversion == Conversion::IdleThreshold;
-}
-
-// A throttle wired the other way round falls when it opens, and turns the pair round.
+// A throttle that falls when it opens turns the pair round, unless the unit has turned its counts round already.
 bool TurnedRound(const Tuning& tuning, const Row& row) {
-    if (!FollowsSelector(row) || IsPressure(row, tuning.CurrentContext())) return false;
+    const Context context = tuning.CurrentContext();
+    if (!FollowsSelector(row) || IsPressure(row, context) || context.throttleTurned) return false;
     const CellReader cell = tuning.Cells();
     return cell(ThrottleClosed, WordBytes) > cell(ThrottleOpen, WordBytes);
 }
@@ -52,16 +55,23 @@ Partner PartnerOf(const Tuning& tuning, std::size_t number) {
     return {};
 }
 
+// Whether the partner's figure is one that a page would accept: one left over from the other sensor bounds nothing.
+bool Bounds(const Record& partner) {
+    return frames::IsNumeric(partner.Dato[1]) && WithinLimits(partner, frames::ValoreNum(partner.Dato[1]));
+}
+
 // Whether the count of the figure would pass the partner's.
 bool Passes(const Tuning& tuning, const Partner& partner, std::uint32_t count) {
-    const auto other = Outgoing(tuning.memoria[partner.number], 1, tuning.CurrentContext());
-    if (!other) return false;
+    const Record& record = tuning.memoria[partner.number];
+    const auto other = Outgoing(record, 1, tuning.CurrentContext());
+    if (!other || !Bounds(record)) return false;
     return partner.above ? count > *other : count < *other;
 }
 
 Limits Narrowed(const Tuning& tuning, Limits limits, const Partner& partner) {
-    const std::string& text = tuning.memoria[partner.number].Dato[1];
-    if (!frames::IsNumeric(text)) return limits;
+    const Record& record = tuning.memoria[partner.number];
+    const std::string& text = record.Dato[1];
+    if (!Bounds(record)) return limits;
     double& limit = partner.above ? limits.Max : limits.Min;
     limit = partner.above ? std::min(limit, frames::ValoreNum(text)) : std::max(limit, frames::ValoreNum(text));
     return limits;

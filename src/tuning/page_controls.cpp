@@ -136,16 +136,15 @@ void PageControls::ShowView() {
     for (const FieldControls& field : Shown().fields) ShowField(field, open_.empty());
     for (const TableControls& table : Shown().tables) {
         const bool open = open_ == table.row->button;
-        ShowButtons(table, open);
+        ShowButtons(table);
         ShowTable(table, open && valuesOpen_, open && initialsOpen_);
     }
 }
 
 // The twin is worded by the column that it shows, and leaves the access key to the other.
-void PageControls::ShowButtons(const TableControls& table, bool open) {
-    const std::string& caption = shell_.TestoLingua({table.row->captions, section_}, open ? 1 : 0);
+void PageControls::ShowButtons(const TableControls& table) {
     const std::string& list = shell_.TestoLingua({table.row->captions, section_}, 0);
-    table.button->SetText(caption);
+    table.button->SetText(Caption(table.row->button));
     table.initialButton->SetText(shell_.TestoLingua({"LABTXT.", section_}, 0) + ": " + shell::CaptionPulita(list));
     table.button->SetVisible(true);
     table.initialButton->SetVisible(true);
@@ -196,12 +195,30 @@ Control* PageControls::ValueOf(std::size_t record) const {
     for (const FieldControls& field : Shown().fields) {
         if (field.row->record == record) return field.value;
     }
+    const GridControls* grid = GridOf(record);
+    return grid == nullptr ? nullptr : grid->value;
+}
+
+const GridControls* PageControls::GridOf(std::size_t record, pages::CellPlace* cell) const {
     const TableControls* table = TableOf(Shown(), record);
     if (table == nullptr) return nullptr;
-    for (const GridControls& grid : table->grids) {
-        if (Holds(*grid.row, record)) return grid.value;
+    const auto grid = std::find_if(table->grids.begin(), table->grids.end(),
+                                   [record](const GridControls& controls) { return Holds(*controls.row, record); });
+    for (int place = 0; cell != nullptr && place < grid->row->rows * grid->row->columns; ++place) {
+        const int row = place / grid->row->columns;
+        const int column = place % grid->row->columns;
+        if (grid->row->RecordAt(row, column) == record)
+            *cell = {row + grid->row->HeaderRows(), column + grid->row->HeaderColumns()};
     }
-    return nullptr;
+    return &*grid;
+}
+
+std::string PageControls::Caption(std::string_view button) const {
+    for (const TableControls& table : Shown().tables) {
+        if (table.row->button == button)
+            return shell_.TestoLingua({table.row->captions, section_}, IsOpen(button) ? 1 : 0);
+    }
+    return {};
 }
 
 bool PageControls::IsOpen(std::string_view button) const {

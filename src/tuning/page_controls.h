@@ -61,6 +61,10 @@ class PageControls {
     void ShowUnits(const Context& context);
     // The control that shows the value of a record of the page shown; null when there is none.
     pages::Control* ValueOf(std::size_t record) const;
+    // Caption of a button of tables in the present view.
+    std::string Caption(std::string_view button) const;
+    // The grid in which a record of the page shown stands, and its cell there; null when it stands in none.
+    const GridControls* GridOf(std::size_t record, pages::CellPlace* cell = nullptr) const;
     // Whether the tables of a button are shown.
     bool IsOpen(std::string_view button) const;
 
@@ -74,7 +78,7 @@ class PageControls {
     void Press(std::string_view button, bool initial);
     void ShowView();
     void ShowField(const FieldControls& field, bool visible);
-    void ShowButtons(const TableControls& table, bool open);
+    void ShowButtons(const TableControls& table);
     void ShowTable(const TableControls& table, bool values, bool initials);
     void LoadTexts();
     std::vector<std::string> Entries(const FieldRow& row) const;

@@ -250,7 +250,10 @@ bool PageCycle::Reply(const std::string& frame) {
 }
 
 void PageCycle::TakeWrite(const PageWrite& write) {
-    if (!write.permanent) return;
+    if (!write.permanent) {
+        tuning_.memoria[write.record].tried = write.count;
+        return;
+    }
     const bool stored = *work_ == Work::Storing && dialog_.storesOneByOne;
     TakeWritten(tuning_, write, stored);
     if (stored) parts_.editing.Show();

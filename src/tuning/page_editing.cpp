@@ -1,6 +1,6 @@
 #include "tuning/page_editing.h"
 
-#include <cmath>
+#include <algorithm>
 
 #include "link/frames/numbers.h"
 #include "tuning/limits.h"
@@ -18,16 +18,12 @@ void Call(const std::function<void()>& handler) {
     if (handler) handler();
 }
 
-bool FollowsSelector(const Record& record) {
-    return record.row->conversion == Conversion::CutOffThreshold || record.row->conversion == Conversion::IdleThreshold;
-}
-
 // The thresholds whose selector has been moved are shown by their other sensor.
 void FollowSelectors(Tuning& tuning, const Context& before) {
     const Context after = tuning.CurrentContext();
     if (before.cutOffByPressure == after.cutOffByPressure && before.idleByPressure == after.idleByPressure) return;
     for (Record& record : tuning.memoria) {
-        if (FollowsSelector(record)) ShowAnew(record, before, after);
+        if (FollowsSelector(*record.row)) ShowAnew(record, before, after);
     }
 }
 
@@ -55,7 +51,12 @@ PageEditing::PageEditing(Tuning& tuning, PageControls& controls, pages::Label& m
 void PageEditing::Wire(const FieldControls& field) {
     field.value->onChange = [this, &field] {
         field.value->SetChanged(true);
-        if (field.row->IsList()) Take(field.row->record, std::to_string(field.value->Index()));
+        if (field.row->IsList()) {
+            Take(field.row->record, std::to_string(field.value->Index()));
+        } else {
+            typed_ = field.row->record;
+            if (onTyped) onTyped(field.row->record);
+        }
         Call(onTouched);
     };
     if (!field.row->IsList()) field.value->onLeave = [this, &field] { FieldLeft(field); };
@@ -66,14 +67,18 @@ void PageEditing::Wire(const GridControls& grid) {
     control.onCell = [this, &control](int row, int column, const std::string& text) {
         CellEdited(control, row, column, text);
     };
+    control.onLeave = [this, &control] {
+        if (const GridControls* shown = GridOf(controls_.Shown(), control)) CheckCells(*shown);
+    };
 }
 
-// A field that stands as it was read is left without a check: the unit itself may hold what no page would accept.
+// A field that stands as it was read is left without a check: the unit itself may hold what no page would accept. What
+// nobody has typed, a live figure that the field follows, is no edit.
 void PageEditing::FieldLeft(const FieldControls& field) {
     const std::size_t record = field.row->record;
-    const std::string& text = field.value->Text();
-    const bool untouched = text == ShownFigure(tuning_.memoria[record], 1);
-    Take(record, untouched ? std::string() : text);
+    const std::string text = field.value->Text();
+    const bool edited = typed_ == record && text != ShownFigure(tuning_.memoria[record], 1);
+    Take(record, edited ? text : std::string());
 }
 
 void PageEditing::CellEdited(const Control& grid, int row, int column, const std::string& text) {
@@ -86,28 +91,55 @@ void PageEditing::CellEdited(const Control& grid, int row, int column, const std
     Call(onTouched);
 }
 
+// A table is left when none of its cells is refused any more.
+void PageEditing::CheckCells(const GridControls& grid) {
+    const std::map<std::size_t, std::string> kept = kept_;
+    for (const auto& [record, text] : kept) {
+        if (controls_.ValueOf(record) == grid.value && !Take(record, text)) return;
+    }
+}
+
 bool PageEditing::Take(std::size_t record, const std::string& text) {
+    if (Control* control = controls_.ValueOf(record)) control->pending = false;
     if (!text.empty()) {
         const double figure = frames::ValoreNum(text);
         if (const auto limits = WhyRefused(tuning_, record, figure)) {
-            Refuse(record, limits->Min, limits->Max);
-            Control* control = controls_.ValueOf(record);
-            if (control != nullptr && control->GetKind() == pages::Kind::Field) {
-                // What was typed stays to be put right: leaving it again checks it again.
-                control->SetText(text);
-                control->pending = true;
-            }
+            Keep(record, text);
+            Refuse(record, *limits);
             Show();
             return false;
         }
         Accept(record, figure);
     }
-    if (Control* control = controls_.ValueOf(record); control != nullptr && control->Refused()) {
-        control->SetRefused(false);
-        message_.SetText({});
-    }
+    Release(record);
     Show();
     return true;
+}
+
+// What was typed stays to be put right: leaving it again checks it again.
+void PageEditing::Keep(std::size_t record, const std::string& text) {
+    Control* control = controls_.ValueOf(record);
+    if (control == nullptr || control->GetKind() == pages::Kind::Combo) return;
+    control->pending = true;
+    if (control->GetKind() == pages::Kind::Grid) {
+        kept_[record] = text;
+        return;
+    }
+    typed_ = record;
+    control->SetText(text);
+}
+
+void PageEditing::Release(std::size_t record) {
+    if (typed_ == record) typed_.reset();
+    kept_.erase(record);
+    flagged_.erase(record);
+    Control* control = controls_.ValueOf(record);
+    if (control == nullptr || !control->Refused()) return;
+    const auto here = [this, control](std::size_t other) { return controls_.ValueOf(other) == control; };
+    control->pending = std::any_of(kept_.begin(), kept_.end(), [&here](const auto& cell) { return here(cell.first); });
+    if (control->pending || std::any_of(flagged_.begin(), flagged_.end(), here)) return;
+    control->SetRefused(false);
+    message_.SetText({});
 }
 
 void PageEditing::Accept(std::size_t record, double figure) {
@@ -119,26 +151,37 @@ void PageEditing::Accept(std::size_t record, double figure) {
     FollowNeighbour(tuning_.memoria, record, tuning_.Cells(), tuning_.CurrentContext());
 }
 
-void PageEditing::Refuse(std::size_t record, double least, double most) {
-    Control* control = controls_.ValueOf(record);
+// The limits of a list are its entries.
+std::string PageEditing::LimitWords(const Control& control, const Limits& limits) const {
+    if (control.GetKind() == pages::Kind::Combo && !control.Items().empty())
+        return control.Items().front() + " - " + control.Items().back();
+    std::string words = frames::Format0(limits.Min) + " - " + frames::Format0(limits.Max);
+    if (control.beside.unit != nullptr && !control.beside.unit->Text().empty())
+        words += " " + control.beside.unit->Text();
+    return words;
+}
+
+void PageEditing::Refuse(std::size_t record, const Limits& limits) {
     tuning_.memory.link.shell.Beep();
-    std::string words = frames::Format0(least) + " - " + frames::Format0(most);
-    if (control != nullptr && control->beside.unit != nullptr && !control->beside.unit->Text().empty())
-        words += " " + control->beside.unit->Text();
-    message_.SetText(words);
+    Flag(record);
+    Control* control = controls_.ValueOf(record);
     if (control == nullptr) return;
-    if (!control->Visible()) controls_.Reveal(record);
-    control->SetRefused(true);
+    message_.SetText(LimitWords(*control, limits));
+    pages::CellPlace cell;
+    if (controls_.GridOf(record, &cell) != nullptr) control->SetFocusCell(cell);
     control->Owner().SetFocus(control);
 }
 
 bool PageEditing::CheckAll() {
+    ClearFlags();
     for (const std::size_t number : controls_.Shown().records) {
         const Record& record = tuning_.memoria[number];
-        if (!frames::IsNumeric(record.Dato[1])) continue;  // a reading without a figure goes out as it was read
-        const auto limits = WhyRefused(tuning_, number, frames::ValoreNum(record.Dato[1]));
+        const auto typed = kept_.find(number);
+        const std::string& figure = typed == kept_.end() ? record.Dato[1] : typed->second;
+        if (!frames::IsNumeric(figure)) continue;  // a reading without a figure goes out as it was read
+        const auto limits = WhyRefused(tuning_, number, frames::ValoreNum(figure));
         if (!limits) continue;
-        Refuse(number, limits->Min, limits->Max);
+        Refuse(number, *limits);
         return false;
     }
     return true;
@@ -172,22 +215,31 @@ void PageEditing::ApplySpeed() {
     if (!FixedSpeed()) return;
     for (const FieldControls& field : controls_.Shown().fields) {
         Record& record = tuning_.memoria[field.row->record];
-        if (!field.row->IsList()) record.Dato[1] = record.Dato[0];
+        if (!field.row->IsList()) TakeBack(record);
     }
 }
 
-void PageEditing::LockBySpeed() {
+// A figure that the chosen speed fixes, and a pressure that cannot be converted back.
+void PageEditing::LockFields() {
+    using pages::Reason;
     const bool fixed = FixedSpeed();
     for (const FieldControls& field : controls_.Shown().fields) {
-        if (!field.row->IsList()) field.value->SetLocked(fixed);
+        if (field.row->IsList()) {
+            field.value->SetWhy(why_);
+            continue;
+        }
+        const bool none = ShownFigure(tuning_.memoria[field.row->record], 1) == NoFigure;
+        const Reason lock = fixed ? Reason::FixedSpeed : none ? Reason::NoSensor : Reason::None;
+        field.value->SetLocked(lock != Reason::None);
+        field.value->SetWhy(why_ == Reason::None ? lock : why_);
     }
 }
 
 void PageEditing::Show() {
-    const shell::Shell& shell = tuning_.memory.link.shell;
-    ShowFigures(controls_.Shown(), tuning_.memoria, shell, section_);
+    ShowFigures(controls_.Shown(), tuning_, section_);
+    MarkCells();
     controls_.ShowUnits(tuning_.CurrentContext());
-    LockBySpeed();
+    LockFields();
     Call(onFigures);
 }
 
@@ -196,9 +248,13 @@ void PageEditing::Flag(std::size_t record) {
     if (control == nullptr) return;
     if (!control->Visible()) controls_.Reveal(record);
     control->SetRefused(true);
+    if (controls_.GridOf(record) == nullptr) return;
+    flagged_.insert(record);
+    MarkCells();
 }
 
 void PageEditing::ClearFlags() {
+    flagged_.clear();
     const auto clear = [](Control& control) {
         if (!control.pending) control.SetRefused(false);
     };
@@ -206,19 +262,45 @@ void PageEditing::ClearFlags() {
     for (const TableControls& table : controls_.Shown().tables) {
         for (const GridControls& grid : table.grids) clear(*grid.value);
     }
+    MarkCells();
+}
+
+// The cells that are refused or flagged, with what was typed there.
+void PageEditing::MarkCells() {
+    for (const TableControls& table : controls_.Shown().tables) {
+        for (const GridControls& grid : table.grids) {
+            std::vector<pages::CellPlace> places;
+            const auto mark = [&](std::size_t record) {
+                pages::CellPlace cell;
+                if (controls_.GridOf(record, &cell) == &grid) places.push_back(cell);
+                return cell;
+            };
+            for (const std::size_t record : flagged_) {
+                if (kept_.count(record) == 0) mark(record);
+            }
+            for (const auto& [record, text] : kept_) {
+                if (controls_.ValueOf(record) != grid.value) continue;
+                const pages::CellPlace cell = mark(record);
+                grid.value->SetCell(cell.row, cell.column, text);
+            }
+            grid.value->SetRefusedCells(std::move(places));
+        }
+    }
 }
 
 void PageEditing::SetWhy(pages::Reason why) {
-    for (const FieldControls& field : controls_.Shown().fields) field.value->SetWhy(why);
+    why_ = why;
+    LockFields();
     for (const TableControls& table : controls_.Shown().tables) {
         for (const GridControls& grid : table.grids) grid.value->SetWhy(why);
     }
 }
 
 void PageEditing::Forget() {
-    const Context before = tuning_.CurrentContext();
-    for (Record& record : tuning_.memoria) record.Dato[1] = record.Dato[0];
-    FollowSelectors(tuning_, before);
+    typed_.reset();
+    kept_.clear();
+    flagged_.clear();
+    for (Record& record : tuning_.memoria) TakeBack(record);
     SetLimits(tuning_.memoria, tuning_.Cells(), tuning_.CurrentContext());
 }
 

@@ -1,8 +1,12 @@
 #pragma once
 
 #include <functional>
+#include <map>
+#include <optional>
+#include <set>
 #include <string>
 
+#include "tuning/limits.h"
 #include "tuning/page_controls.h"
 
 namespace tuning {
@@ -15,10 +19,12 @@ class PageEditing {
   public:
     PageEditing(Tuning& tuning, PageControls& controls, pages::Label& message, std::string_view section);
 
-    std::function<void()> onTouched;  // a value has been typed or chosen
-    std::function<void()> onFigures;  // figures have been shown anew
+    std::function<void()> onTouched;                  // a value has been typed or chosen
+    std::function<void(std::size_t record)> onTyped;  // a key has reached the field of a record
+    std::function<void()> onFigures;                  // figures have been shown anew
 
-    // Takes a figure for a record as if it had been typed and left. False: it has been refused.
+    // Takes a figure for a record as if it had been typed and left; none: what was typed is dropped. False: it has been
+    // refused.
     bool Take(std::size_t record, const std::string& text);
     // The whole page: the first figure that the page does not accept is refused, and its control gets the focus.
     bool CheckAll();
@@ -39,16 +45,25 @@ class PageEditing {
     void FieldLeft(const FieldControls& field);
     void CellEdited(const pages::Control& grid, int row, int column, const std::string& text);
     void Accept(std::size_t record, double figure);
-    void Refuse(std::size_t record, double least, double most);
+    void Refuse(std::size_t record, const Limits& limits);
+    std::string LimitWords(const pages::Control& control, const Limits& limits) const;
+    void Keep(std::size_t record, const std::string& text);
+    void Release(std::size_t record);
+    void CheckCells(const GridControls& grid);
+    void MarkCells();
     void ShareCell(std::size_t record);
     void ApplySpeed();
-    void LockBySpeed();
+    void LockFields();
     bool FixedSpeed() const;
 
     Tuning& tuning_;
     PageControls& controls_;
     pages::Label& message_;
     std::string_view section_;
+    std::optional<std::size_t> typed_;         // whose field has been typed into
+    std::map<std::size_t, std::string> kept_;  // what was typed into the cells of tables that were refused
+    std::set<std::size_t> flagged_;            // the other cells that are marked
+    pages::Reason why_ = pages::Reason::None;  // why nothing of the page can be edited
 };
 
 }  // namespace tuning

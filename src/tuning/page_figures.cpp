@@ -3,6 +3,7 @@
 #include "link/frames/numbers.h"
 #include "platform/text.h"
 #include "shell/shell.h"
+#include "tuning/tuning.h"
 
 namespace tuning {
 
@@ -17,7 +18,17 @@ int EntryOf(const Control& list, const Record& record, std::size_t slot) {
     return inside ? static_cast<int>(figure) : -1;
 }
 
-void ShowField(const FieldControls& field, const Record& record) {
+// The initial value; with its unit where its sensor is not the one that is now selected.
+std::string InitialText(const FieldRow& field, const Tuning& tuning) {
+    const Record& record = tuning.memoria[field.record];
+    const bool pressure = IsPressure(*record.row, tuning.InitialContext());
+    std::string text = ShownFigure(record, 0);
+    if (pressure == IsPressure(*record.row, tuning.CurrentContext())) return text;
+    return text + " " + tuning.memory.link.shell.TestoLingua(MeasureKey(field.measure, pressure), "MISURE");
+}
+
+void ShowField(const FieldControls& field, const Tuning& tuning) {
+    const Record& record = tuning.memoria[field.row->record];
     Control& value = *field.value;
     if (field.row->IsList()) {
         const int entry = EntryOf(value, record, 0);
@@ -25,7 +36,7 @@ void ShowField(const FieldControls& field, const Record& record) {
         field.initial->SetText(entry < 0 ? ShownFigure(record, 0) : value.Items()[static_cast<std::size_t>(entry)]);
     } else {
         if (!value.pending) value.SetText(ShownFigure(record, 1));
-        field.initial->SetText(ShownFigure(record, 0));
+        field.initial->SetText(InitialText(*field.row, tuning));
     }
     value.SetChanged(value.pending || Differ(record));
 }
@@ -69,12 +80,10 @@ std::string ShownFigure(const Record& record, std::size_t slot) {
     return std::string(platform::Trim(record.Dato[slot]));
 }
 
-bool Differ(const Record& record) {
-    return frames::ValoreNum(record.Dato[0]) != frames::ValoreNum(record.Dato[1]);
-}
-
-void ShowFigures(const PageSet& set, const MemoriaTable& memoria, const shell::Shell& shell, std::string_view section) {
-    for (const FieldControls& field : set.fields) ShowField(field, memoria[field.row->record]);
+void ShowFigures(const PageSet& set, const Tuning& tuning, std::string_view section) {
+    const MemoriaTable& memoria = tuning.memoria;
+    const shell::Shell& shell = tuning.memory.link.shell;
+    for (const FieldControls& field : set.fields) ShowField(field, tuning);
     for (const TableControls& table : set.tables) {
         for (const GridControls& grid : table.grids) {
             const GridRow& row = *grid.row;
@@ -99,6 +108,9 @@ void ClearFigures(const PageSet& set) {
             for (Control* control : {grid.value, grid.initial}) control->SetCells({}, 0, 0);
             grid.value->SetChanged(false);
             grid.value->SetRefused(false);
+            grid.value->SetRefusedCells({});
+            grid.value->SetFocusCell({});
+            grid.value->pending = false;
             grid.value->MarkCell(-1, -1);
         }
     }

@@ -40,6 +40,15 @@ void TakeHeld(Tuning& tuning, Record& record, std::uint32_t count) {
     if (edited) record.Dato[1] = figure;
 }
 
+// The unit's selectors are other ones now: what it holds is shown by them.
+void FollowInitialSelectors(Tuning& tuning, const Context& before) {
+    const Context after = tuning.InitialContext();
+    if (before.cutOffByPressure == after.cutOffByPressure && before.idleByPressure == after.idleByPressure) return;
+    for (Record& record : tuning.memoria) {
+        if (FollowsSelector(*record.row)) ShowReadAnew(record, after);
+    }
+}
+
 }  // namespace
 
 std::string PageWrite::Frame() const {
@@ -86,6 +95,15 @@ bool TakeCells(Tuning& tuning, const Block& cells, std::string_view payload) {
     return true;
 }
 
+void TakeConfirmed(Tuning& tuning, std::string_view chain) {
+    constexpr std::size_t Letter = 1;
+    constexpr std::size_t Data = 10;
+    constexpr std::string_view PermanentWrites = "IS";
+    const std::string_view frame = frames::FirstFrame(chain);
+    if (frame.size() <= Data || PermanentWrites.find(frame[Letter]) == std::string_view::npos) return;
+    TakeCells(tuning, FirstRead(frame), frame.substr(Data));
+}
+
 std::vector<PageWrite> PageWrites(const Tuning& tuning, const std::vector<std::size_t>& records, std::size_t slot,
                                   Homes homes) {
     const Context context = tuning.CurrentContext();
@@ -108,8 +126,11 @@ void TakeWritten(Tuning& tuning, const PageWrite& write, bool stored) {
     Record& record = tuning.memoria[write.record];
     memory::SetCella(tuning.image, record.EE, frames::Hex(write.count, record.NByte));
     if (!stored) return;
+    const Context before = tuning.InitialContext();
     record.Dato[0] = write.figure;
     record.raw = write.count;
+    record.shown = {write.count, write.figure};
+    FollowInitialSelectors(tuning, before);
     for (Record& other : tuning.memoria) {
         if (&other != &record && other.EE == record.EE) TakeHeld(tuning, other, write.count);
     }

@@ -37,6 +37,9 @@ Block FirstRead(std::string_view chain);
 // less than was asked for, or something else than hexadecimal digits.
 bool TakeCells(Tuning& tuning, const Block& cells, std::string_view payload);
 
+// The write in front of a chain has been confirmed: what it put into permanent cells, image and records hold now.
+void TakeConfirmed(Tuning& tuning, std::string_view chain);
+
 // The writes of records with the figures of a slot: 0 as read, 1 as edited. A figure that stands for no count is left
 // out.
 std::vector<PageWrite> PageWrites(const Tuning& tuning, const std::vector<std::size_t>& records, std::size_t slot,

@@ -41,6 +41,8 @@ Record FromRow(const Row& row) {
             .Max = ConstantOr0(row.max),
             .Dato = {NoFigure(), NoFigure(), NoFigure()},
             .raw = {},
+            .shown = {},
+            .tried = {},
             .row = &row};
 }
 

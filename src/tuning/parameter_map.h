@@ -31,8 +31,17 @@ struct Record {
     double Max = 0;
     // Figures as the page shows them, right-aligned in 8: as read, as now edited, and a third for the map tables.
     std::array<std::string, 3> Dato;
-    // The count that Dato(0) was shown from. Showing rounds, so that a figure nobody edited goes out as this count.
+    // The count that Dato(0) was shown from.
     std::optional<std::uint32_t> raw;
+    // A count and the figure that it was shown as.
+    struct Shown {
+        std::uint32_t count = 0;
+        std::string figure;
+    };
+    // What Dato(1) was shown from. Showing rounds, so that the figure, as long as it stands, goes out as this count.
+    std::optional<Shown> shown;
+    // What was last written to the working copy since the cell was read; nothing: it is as read.
+    std::optional<std::uint32_t> tried;
     const Row* row = nullptr;
 };
 

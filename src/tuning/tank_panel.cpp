@@ -64,7 +64,10 @@ TankPanel::TankPanel(pages::Page& page, Tuning& tuning, PageControls& controls)
       tuning_(tuning),
       controls_(controls),
       lampeggio_(tuning.memory.link.shell.host.timers.Make(BlinkInterval)) {
-    for (int i = 0; i < TankLevels; ++i) Acquisisci[i].onPress = [this, i] { Press(i); };
+    for (int i = 0; i < TankLevels; ++i) {
+        Acquisisci[i].onPress = [this, i] { Press(i); };
+        Acquisisci[i].fills = [this, i] { return controls_.ValueOf(Records[static_cast<std::size_t>(i)]); };
+    }
     lampeggio_->SetHandler([this] {
         lit_ = !lit_;
         ShowLeds();
@@ -101,16 +104,23 @@ void TankPanel::Rest() {
     onTaken(record, {});
 }
 
-// The first press arms, and the field follows the sensor; the second takes what it shows.
+void TankPanel::Typed(std::size_t record) {
+    if (armed_ >= 0 && Records[static_cast<std::size_t>(armed_)] == record) Arm(-1);
+}
+
+// The first press arms, and the field follows the sensor, whatever was typed there; the second takes what it shows.
 void TankPanel::Press(int level) {
+    const std::size_t record = Records[static_cast<std::size_t>(level)];
     if (armed_ != level) {
         Rest();
+        onTaken(record, {});
         Arm(level);
         return Follow();
     }
     const auto live = LiveLevel();
     Arm(-1);
-    onTaken(Records[static_cast<std::size_t>(level)], live ? frames::Format0(*live) : std::string());
+    onTaken(record, live ? frames::Format0(*live) : std::string());
+    if (!live) onNoReading();
 }
 
 void TankPanel::Follow() {

@@ -22,14 +22,18 @@ class TankPanel {
   public:
     TankPanel(pages::Page& page, Tuning& tuning, PageControls& controls);
 
-    // A level of the tank has been taken from the sensor.
+    // A level of the tank has been taken from the sensor; no figure: its field goes back to what it was.
     std::function<void(std::size_t record, const std::string& figure)> onTaken;
+    // A level was to be taken and the sensor says nothing.
+    std::function<void()> onNoReading;
 
     // On the page of the levels alone; anywhere else nothing is armed and nothing blinks.
     void Show(bool visible);
     // A level that is being taken goes back to what it was.
     void Rest();
     void SetWhy(pages::Reason why);
+    // A key has reached the field of a record: a level that is being taken there is typed instead.
+    void Typed(std::size_t record);
     // Looks at the sensor and at the levels.
     void Follow();
 

@@ -31,8 +31,12 @@ struct Tuning {
 
     // Reads cells of the image held; the reader must not outlive this object.
     CellReader Cells() const;
-    // What the conversions depend on now.
+    // What the conversions depend on now, with the selectors as edited; and with those of the unit, which show Dato(0).
     Context CurrentContext() const;
+    Context InitialContext() const;
+
+  private:
+    Context WithSelectors(std::size_t slot) const;
 };
 
 // Fills every parameter record and every calibration record from its row; no figure of an image stands in them.

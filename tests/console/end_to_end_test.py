@@ -198,6 +198,26 @@ class RealTime(EndToEnd):
                 console.process.stdin.close()
                 self.assertEqual(console.status(), 0)
 
+    def test_a_value_is_stored_in_the_device(self):
+        link = self.home / "tty"
+        with self.unit(link) as unit, Console("--folder", self.folder, "--port", f"COM1={link}") as console:
+            self.ok(console, "wait FlussoAttivo -1 15000")
+            self.ok(console, "menu MenuPunto 4")
+            self.ok(console, "wait StatoCmd -1 5000")
+            self.assertEqual(self.ok(console, "get MessaP ValFG(0)")["text"], "6200")
+            self.assertFalse(console.ask("enter MessaP ValFG(0) 100000")["text"] == "6200")
+            self.assertFalse(console.ask("press MessaP InMemor")["ok"])
+            self.ok(console, "enter MessaP ValFG(0) 6000")
+            self.ok(console, "press MessaP InMemor")
+            self.ok(console, "wait StatoCmd -1 5000")
+            self.assertEqual(self.ok(console, "get MessaP FGDef(0)")["text"], "6000")
+            self.assertIn("1770", unit.say("read O 3150 2"))
+            self.assertIn("1770", unit.say("read R 39 2"))
+            self.ok(console, "press MessaP Esci")
+            self.ok(console, "wait page MessaP closed 1000")
+            console.process.stdin.close()
+            self.assertEqual(console.status(), 0)
+
 
 def main():
     global CONSOLE, CENTRALINA
@@ -207,7 +227,7 @@ def main():
     suite = loader.loadTestsFromTestCase(EndToEnd)
     if CENTRALINA is not None:
         for name in ("test_the_simulated_unit_inside", "test_instruments_show_what_the_device_streams",
-                     "test_erasing_a_device"):
+                     "test_erasing_a_device", "test_a_value_is_stored_in_the_device"):
             suite.addTest(RealTime(name))
     os.environ.pop("MARLOVENT_HOME", None)
     sys.exit(not unittest.TextTestRunner(verbosity=2).run(suite).wasSuccessful())

@@ -247,7 +247,7 @@ TEST(PageStack, TheHandStandsInTheCellThatIsEditedOrPointedAt) {
     EXPECT_TRUE(d.stack.EditCell(s.Table, 1, 1, "5").ok);
     EXPECT_EQ(s.Table.FocusCell(), (CellPlace{1, 1}));
     EXPECT_EQ(d.stack.PointAtCell(s.Table, 0, 0).why, Reason::NoSuchEntry);
-    EXPECT_EQ(d.stack.PointAtCell(s.Figure, 0, 0).why, Reason::UnknownControl);
+    EXPECT_EQ(d.stack.PointAtCell(s.Figure, 0, 0).why, Reason::WrongKind);
     s.Table.SetWhy(Reason::ReadingFailed);
     EXPECT_EQ(d.stack.PointAtCell(s.Table, 1, 0).why, Reason::ReadingFailed);
 }

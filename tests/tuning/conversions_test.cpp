@@ -14,7 +14,16 @@ const tuning::Row& RowOf(std::string_view name) {
 
 tuning::Record RecordOf(std::string_view name) {
     const tuning::Row& row = RowOf(name);
-    return {.EE = row.EE, .RAM = row.RAM, .NByte = row.NByte, .Min = 0, .Max = 0, .Dato = {}, .raw = {}, .row = &row};
+    return {.EE = row.EE,
+            .RAM = row.RAM,
+            .NByte = row.NByte,
+            .Min = 0,
+            .Max = 0,
+            .Dato = {},
+            .raw = {},
+            .shown = {},
+            .tried = {},
+            .row = &row};
 }
 
 Context Reduced(int tipoSonda) {
@@ -169,10 +178,21 @@ TEST(Conversions, ASelectorChangesTheFiguresAndNotTheCounts) {
     tuning::TakeRead(record, 501, before);
     record.Dato[1] = tuning::FigureText(100);  // 401 counts
     tuning::ShowAnew(record, before, after);
-    EXPECT_EQ(record.Dato[0], "     681");
+    EXPECT_EQ(record.Dato[0], "     124") << "what was read is shown by the sensor for which it was read";
     EXPECT_EQ(record.Dato[1], "     581");
     EXPECT_EQ(tuning::Outgoing(record, 0, after), 501U);
     EXPECT_EQ(tuning::Outgoing(record, 1, after), 401U);
+    EXPECT_TRUE(tuning::Differ(record));
+    tuning::ShowAnew(record, after, before);
+    EXPECT_EQ(record.Dato[1], "      99") << "cut to whole figures on the way";
+    EXPECT_EQ(tuning::Outgoing(record, 1, before), 401U);
+    // Read again, not edited: the count outlives a sensor that cannot show it.
+    tuning::TakeRead(record, 50, before);
+    tuning::ShowAnew(record, before, after);
+    EXPECT_EQ(record.Dato[1], "     230");
+    tuning::ShowAnew(record, after, before);
+    EXPECT_EQ(tuning::Outgoing(record, 1, before), 50U);
+    EXPECT_FALSE(tuning::Differ(record));
 }
 
 TEST(Conversions, TheUnitsCalibrationGivesTheContext) {

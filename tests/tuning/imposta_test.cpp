@@ -50,6 +50,40 @@ TEST(TankLevels, ALevelIsTakenFromTheSensorWithTwoPresses) {
     EXPECT_EQ(rig.Word(3194), 405);
 }
 
+TEST(TankLevels, WhatIsTypedIsNotTheLiveLevel) {
+    PageRig rig("Imposta", {"field livello 260"});
+    rig.Open(1);
+    rig.Run(500);
+    rig.Press("Acquisisci(2)");
+    rig.Run(500);
+    EXPECT_EQ(rig.Field("ValSerb(2)"), "260");
+    rig.Stack().FocusOn(rig.Control("ValSerb(2)"));
+    rig.Stack().Leave(rig.Control("ValSerb(2)"));
+    EXPECT_EQ(rig.Dato("ValSerb(2)", 1), "230") << "passing through the field takes nothing";
+    EXPECT_EQ(rig.Field("Acquisisci(2)"), rig.Text("ACQUISISCI.1", "IMPOSTA"));
+    rig.Stack().Type(rig.Control("ValSerb(2)"), "240");
+    EXPECT_EQ(rig.Field("Acquisisci(2)"), rig.Text("ACQUISISCI.0", "IMPOSTA")) << "typing disarms";
+    rig.Run(1000);
+    EXPECT_EQ(rig.Field("ValSerb(2)"), "240");
+    rig.Stack().Leave(rig.Control("ValSerb(2)"));
+    EXPECT_EQ(rig.Dato("ValSerb(2)", 1), "240");
+    // A refused figure gives way to the level.
+    rig.Enter("ValSerb(2)", "900");
+    ASSERT_TRUE(rig.Control("ValSerb(2)").Refused());
+    EXPECT_EQ(rig.Press("Acquisisci(3)").why, Reason::ValueRefused) << "to its own alone";
+    ASSERT_TRUE(rig.Press("Acquisisci(2)").ok);
+    EXPECT_FALSE(rig.Control("ValSerb(2)").Refused());
+    EXPECT_EQ(rig.Field("ValSerb(2)"), "260");
+    rig.Sim("field livello \"****\"");
+    rig.Run(500);
+    const int beeps = rig.Beeps();
+    ASSERT_TRUE(rig.Press("Acquisisci(2)").ok);
+    EXPECT_EQ(rig.Beeps(), beeps + 1);
+    EXPECT_EQ(rig.Shown(), rig.Text("ERRORE_18", "ERRORI"));
+    EXPECT_EQ(rig.Field("ValSerb(2)"), "240");
+    EXPECT_EQ(rig.Field("Acquisisci(2)"), rig.Text("ACQUISISCI.0", "IMPOSTA"));
+}
+
 TEST(TankLevels, LampsBarAndCurveShowTheLiveLevel) {
     PageRig rig("Imposta");
     rig.Open(1);

@@ -15,20 +15,20 @@ TEST(PageEditing, DigitsAlonePassAndEnterLeavesTheField) {
         const char* typed;
         const char* text;
     };
-    for (const Case& c : {Case{"5a0b0 0", "5000"}, Case{"-5100", "5100"}, Case{"5.2,0", "520"}, Case{"", ""},
+    for (const Case& c : {Case{"5a9b0 0", "5900"}, Case{"-5100", "5100"}, Case{"5.2,0", "520"}, Case{"", ""},
                           Case{"12345678901234567890", "12345678"}}) {
         rig.Stack().Type(field, c.typed);
         EXPECT_EQ(field.Text(), c.text) << c.typed;
         EXPECT_EQ(rig.Dato("ValFG(0)", 1), "6200") << "nothing is taken before the field is left";
     }
-    rig.Stack().Type(field, "5000");
-    EXPECT_EQ(rig.Stack().Edit(field, "5 000").why, Reason::KeyDoesNothing);
+    rig.Stack().Type(field, "5900");
+    EXPECT_EQ(rig.Stack().Edit(field, "5 900").why, Reason::KeyDoesNothing);
     EXPECT_TRUE(field.Changed());
     EXPECT_EQ(rig.Stack().Key(rig.Page(), "Enter").ok, true);
-    EXPECT_EQ(rig.Dato("ValFG(0)", 1), "5000");
+    EXPECT_EQ(rig.Dato("ValFG(0)", 1), "5900");
     EXPECT_EQ(rig.Page().Focus(), &rig.Control("ValFG(1)"));
     rig.Enter("ValFG(0)", "");
-    EXPECT_EQ(field.Text(), "5000") << "an empty text brings back the last figure";
+    EXPECT_EQ(field.Text(), "5900") << "an empty text brings back the last figure";
 }
 
 // Every number of both dialogs at its limits and beyond them.
@@ -149,6 +149,61 @@ TEST(PageEditing, TheSensorOfAThresholdDecidesHowItIsShownAndBounded) {
     EXPECT_EQ(rig.Dato("ValCut(3)", 0), "25") << "by the sensor that holds";
 }
 
+// Throttle thresholds are far below what a pressure may be.
+TEST(PageEditing, AFigureOfTheOtherSensorDoesNotBoundItsPartner) {
+    PageRig rig("MessaP");
+    rig.Open(1);
+    rig.Choose("SogliaTM", 0);
+    EXPECT_EQ(rig.Field("ValCut(4)"), "-186") << "no pressure that there is";
+    EXPECT_EQ(rig.Field("CutDef(3)"), "25 counts") << "the initial value by its own sensor";
+    EXPECT_EQ(rig.Field("CutDef(5)"), rig.Dato("ValCut(5)", 0));
+    rig.Enter("ValCut(3)", "600");
+    EXPECT_FALSE(rig.Control("ValCut(3)").Refused());
+    rig.Enter("ValCut(4)", "590");
+    EXPECT_EQ(rig.Shown(), "600 - 998 mbar") << "a figure within its limits does";
+    rig.Enter("ValCut(4)", "700");
+    rig.Chain("InMemor");
+    EXPECT_EQ(rig.Field("CutDef(3)"), "600") << "the sensor is now the initial one";
+    EXPECT_EQ(rig.Field("Umi(3)"), "mbar");
+    rig.Choose("SogliaTM", 1);
+    EXPECT_EQ(rig.Field("CutDef(3)"), "600 mbar");
+}
+
+// Two counts below the least pressure that is believed look alike.
+TEST(PageEditing, AnEditedCountGoesOutAlsoWhereItLooksLikeTheInitialOne) {
+    PageRig rig("MessaP", {"cell O 3312 00"});
+    rig.program.shell.state.RisoluzionePiena = shell::True;
+    rig.Open(1);
+    EXPECT_EQ(rig.Field("ValCut(3)"), "103");
+    rig.Enter("ValCut(3)", "95");
+    rig.Choose("SogliaTM", 0);
+    EXPECT_EQ(rig.Field("ValCut(3)"), "100");
+    const auto frames = rig.Chain("Applica(0)");
+    EXPECT_EQ(frames.at(3), "W00120002005F");
+    EXPECT_EQ(frames.at(4), "W00140002007B") << "not edited: as it was read";
+    rig.Choose("SogliaTM", 1);
+    EXPECT_EQ(rig.Field("ValCut(3)"), "95");
+}
+
+TEST(PageEditing, APressureWithoutASensorCannotBeEditedAndSaysWhy) {
+    PageRig rig("MessaP", {"cell O 3312 00", "cell O 3104 01F401F4"});
+    rig.Open(3);
+    EXPECT_EQ(rig.Field("ValPC(2)"), "****");
+    EXPECT_EQ(rig.Stack().Type(rig.Control("ValPC(2)"), "500").why, Reason::NoSensor);
+    EXPECT_TRUE(rig.Stack().Type(rig.Control("ValPC(0)"), "3000").ok);
+    rig.Stack().Leave(rig.Control("ValPC(0)"));
+    EXPECT_EQ(rig.Chain("Applica(0)").at(2).substr(0, 9), "W00190002");
+    rig.Chain("Esci");
+    rig.Open(1);
+    EXPECT_EQ(rig.Control("ValCut(3)").Why(), Reason::None);
+    rig.Choose("SogliaTM", 0);
+    EXPECT_EQ(rig.Field("ValCut(3)"), "****");
+    EXPECT_EQ(rig.Control("ValCut(3)").Why(), Reason::NoSensor);
+    rig.Choose("SogliaTM", 1);
+    EXPECT_EQ(rig.Field("ValCut(3)"), "25");
+    EXPECT_EQ(rig.Control("ValCut(3)").Why(), Reason::None);
+}
+
 TEST(PageEditing, NeighboursBoundEachOtherByWhatIsReadOrEdited) {
     PageRig rig("Imposta");
     rig.Open(1);
@@ -173,7 +228,7 @@ TEST(PageEditing, AFixedAdaptationSpeedLocksTheFiguresAndLeavesThoseOfTheUnit) {
     EXPECT_EQ(speed.Index(), 6) << "manual";
     rig.Enter("ValAuto(3)", "31");
     rig.Choose("VeloAuto", 2);
-    EXPECT_EQ(rig.Stack().Type(rig.Control("ValAuto(3)"), "32").why, Reason::Locked);
+    EXPECT_EQ(rig.Stack().Type(rig.Control("ValAuto(3)"), "32").why, Reason::FixedSpeed);
     EXPECT_EQ(rig.Field("ValAuto(3)"), "30");
     EXPECT_EQ(rig.Chain("Applica(0)").front(), "W0256000102") << "the cell holds the index";
     rig.Choose("VeloAuto", 6);
@@ -195,7 +250,7 @@ TEST(PageEditing, ACellOfATableGoesThroughTheSameChecks) {
     EXPECT_EQ(grid.GetCells()[0][2], rig.Text("TABTRANS.3", "MESSAP"));
     EXPECT_EQ(grid.GetCells()[1], (std::vector<std::string>{"1000", "2000", "40", "20", "10", "4"}));
     rig.EnterCell("TransitT", 1, 5, "256");
-    EXPECT_EQ(grid.GetCells()[1][5], "4");
+    EXPECT_EQ(grid.GetCells()[1][5], "256") << "it stays to be put right";
     EXPECT_EQ(rig.Shown(), "0 - 255");
     EXPECT_TRUE(grid.Refused());
     rig.EnterCell("TransitT", 1, 5, "");
@@ -262,12 +317,81 @@ TEST(PageEditing, TheZoneOfTheEngineIsMarkedInTheMap) {
     const pages::Control& map = rig.Control("T_LamInf");
     EXPECT_EQ(map.MarkedColumn(), 2) << "from 1800 to 2400";
     EXPECT_EQ(map.MarkedRow(), 2) << "40 % is 424 counts: from 350 to 500";
-    EXPECT_EQ(rig.Field("B_Lam"), "   LamMM = 103   LamRR = 113   LamSt = 108");
+    EXPECT_EQ(rig.Field("B_Lam"), "Zone of the engine: speed 3, load 3   LamMM = 103   LamRR = 113");
+    const std::string list = rig.Text("SOGLIELAM.1", "MESSAP");
+    EXPECT_EQ(rig.Field("SoglieLam"), list + "   LamMM = 103   LamRR = 113") << "nothing pointed at: the engine's zone";
+    rig.EnterCell("T_LamSup", 4, 7, "121");
+    rig.EnterCell("T_LamInf", 4, 7, "99");
+    rig.Run(500);
+    EXPECT_EQ(rig.Field("SoglieLam"), list + "   LamMM = 103   LamRR = 113") << "what is typed is not in the unit";
+    rig.Chain("Applica(0)");
+    rig.Run(500);
+    EXPECT_EQ(rig.Field("SoglieLam"), list + "   LamMM = 99   LamRR = 121");
+    EXPECT_EQ(rig.Field("B_Lam"), "Zone of the engine: speed 3, load 3   LamMM = 103   LamRR = 113");
+    ASSERT_TRUE(rig.Stack().PointAtCell(rig.Control("T_LamInf"), 0, 0).ok);
+    rig.Run(500);
+    EXPECT_EQ(rig.Field("SoglieLam"), list + "   LamMM = 103   LamRR = 113");
+    rig.Press("SoglieLam");
+    rig.Run(500);
+    EXPECT_EQ(rig.Field("SoglieLam"), rig.Text("SOGLIELAM.0", "MESSAP"));
+    rig.Press("SoglieLam");
+    // The engine may be where the map does not rule.
     rig.Sim("throttle 0");
     rig.Sim("rpm 850");
     rig.Run(3000);
     EXPECT_EQ(map.MarkedColumn(), 0);
-    EXPECT_EQ(rig.Field("B_Lam"), "   LamMM = 113   LamRR = 124   LamSt = 119") << "idle has thresholds of its own";
+    EXPECT_EQ(rig.Field("B_Lam"), rig.Text("B_LAM.2", "MESSAP") + "   LamMM = 113   LamRR = 124");
+    rig.Sim("field macro \"3\"");
+    rig.Run(1000);
+    EXPECT_EQ(rig.Field("B_Lam"), rig.Text("B_LAM.3", "MESSAP") + "   LamMM = 113   LamRR = 124");
+    rig.program.shell.state.VarianteQT = shell::True;
+    rig.Run(1000);
+    EXPECT_EQ(rig.Field("B_Lam").substr(0, 19), "Zone of the engine:") << "the diesel has no full load of its own";
+}
+
+// The engine runs with the breakpoints and thresholds that are being tried.
+TEST(PageEditing, TheZoneFollowsWhatIsOnTrial) {
+    PageRig rig("MessaP", {"rpm 2000", "throttle 40"});
+    rig.Open(0);
+    rig.Press("SoglieLam");
+    const pages::Control& map = rig.Control("T_LamInf");
+    rig.EnterCell("LabRPM", 0, 1, "2100");
+    rig.EnterCell("LabTPS", 2, 0, "400");
+    rig.EnterCell("T_LamInf", 3, 1, "95");
+    rig.Run(1000);
+    EXPECT_EQ(map.MarkedColumn(), 2);
+    rig.Chain("Applica(0)");
+    rig.Run(1000);
+    EXPECT_EQ(map.MarkedColumn(), 1);
+    EXPECT_EQ(map.MarkedRow(), 3);
+    EXPECT_EQ(rig.Field("B_Lam"), "Zone of the engine: speed 2, load 4   LamMM = 95   LamRR = 113");
+    rig.Chain("Applica(1)");
+    rig.Run(1000);
+    EXPECT_EQ(map.MarkedColumn(), 2);
+    EXPECT_EQ(map.MarkedRow(), 2);
+    rig.Press("SoglieLam");
+    rig.Choose("ScelgoMAP", 1);
+    rig.Press("SoglieLam");
+    rig.Sim("field map \" 360\"");
+    rig.Run(1000);
+    EXPECT_EQ(map.MarkedRow(), 2) << "chosen, not tried";
+}
+
+// A sensor that falls when the throttle opens is kept turned round by the unit.
+TEST(PageEditing, ATurnedThrottleIsComparedAndTakenAsTheUnitKeepsIt) {
+    PageRig rig("MessaP", {"cell O 3098 01", "rpm 2000", "field tps \" 603\""});
+    rig.program.shell.state.RisoluzionePiena = shell::True;
+    rig.Open(0);
+    rig.Press("SoglieLam");
+    rig.Run(1000);
+    EXPECT_EQ(rig.Control("T_LamInf").MarkedRow(), 2) << "603 is 420: from 350 to 500";
+    rig.Press("Esci");
+    rig.Open(1);
+    rig.Stack().FocusOn(rig.Control("ValCut(4)"));
+    ASSERT_TRUE(rig.Press("LeggoTPS").ok);
+    EXPECT_EQ(rig.Field("ValCut(4)"), "420");
+    rig.Enter("ValCut(3)", "421");
+    EXPECT_TRUE(rig.Control("ValCut(3)").Refused()) << "the pair keeps its order";
 }
 
 TEST(PageEditing, TheThrottleIsReadIntoTheFieldThatAsks) {
@@ -287,6 +411,114 @@ TEST(PageEditing, TheThrottleIsReadIntoTheFieldThatAsks) {
     ASSERT_TRUE(rig.Press("LeggoTPS").ok);
     EXPECT_EQ(rig.Beeps(), beeps + 1);
     EXPECT_EQ(rig.Shown(), rig.Text("ERRORE_18", "ERRORI"));
+}
+
+TEST(PageEditing, TheLiveThrottleReplacesARefusedFigure) {
+    PageRig rig("MessaP", {"rpm 2000", "throttle 40"});
+    rig.Open(1);
+    rig.Run(500);
+    rig.Enter("ValCut(4)", "999");
+    ASSERT_TRUE(rig.Control("ValCut(4)").Refused());
+    ASSERT_TRUE(rig.Press("LeggoTPS").ok);
+    EXPECT_EQ(rig.Field("ValCut(4)"), "105");
+    EXPECT_FALSE(rig.Control("ValCut(4)").Refused());
+    EXPECT_EQ(rig.Shown(), "");
+    rig.Enter("ValCut(5)", "999");
+    EXPECT_EQ(rig.Press("LeggoTPS").why, Reason::ValueRefused) << "a figure that it does not fill holds it back";
+    rig.Enter("ValCut(5)", "20");
+    rig.Enter("ValCut(4)", "999");
+    rig.Sim("field tps \"****\"");
+    rig.Run(500);
+    ASSERT_TRUE(rig.Press("LeggoTPS").ok);
+    EXPECT_EQ(rig.Shown(), rig.Text("ERRORE_18", "ERRORI"));
+    EXPECT_EQ(rig.Field("ValCut(4)"), "999");
+    EXPECT_EQ(rig.Press("InMemor").why, Reason::ValueRefused) << "it is still to be put right";
+}
+
+// Two figures of one page, each legal by itself.
+TEST(PageEditing, ThePairsOfAPageCannotBeStoredCrossed) {
+    struct Case {
+        int page;
+        const char* lower;
+        const char* low;  // within its limits, above what the partner holds
+        const char* upper;
+        const char* high;  // which lets it pass
+    };
+    for (const Case& c :
+         {Case{2, "ValMin(5)", "121", "ValMin(6)", "120"}, Case{3, "ValPC(11)", "130", "ValPC(12)", "130"},
+          Case{3, "ValPC(3)", "950", "ValPC(2)", "950"}, Case{3, "ValPC(1)", "2600", "ValPC(0)", "2600"},
+          Case{6, "ValFG(1)", "6100", "ValFG(0)", "6000"}}) {
+        PageRig rig("MessaP");
+        rig.Open(c.page);
+        if (std::string(c.low) > c.high) {
+            // The limit of the lower one is the other as read: what is edited counts.
+            rig.Enter(c.upper, c.high);
+            EXPECT_FALSE(rig.Control(c.upper).Refused()) << c.upper;
+        }
+        rig.Enter(c.lower, c.low);
+        EXPECT_TRUE(rig.Control(c.lower).Refused()) << c.lower;
+        EXPECT_NE(rig.Shown().find(" - " + rig.Field(c.upper)), std::string::npos) << rig.Shown();
+        rig.Enter(c.lower, rig.Field(c.upper));
+        EXPECT_FALSE(rig.Control(c.lower).Refused()) << "equal is legal: " << c.lower;
+    }
+}
+
+// A cell is put right where it stands.
+TEST(PageEditing, ARefusedCellKeepsWhatWasTypedAndHoldsTheStoreBack) {
+    PageRig rig("MessaP");
+    rig.Open(4);
+    rig.Press("TastoTrans");
+    pages::Control& grid = rig.Control("TransitT");
+    rig.EnterCell("TransitT", 2, 5, "256");
+    EXPECT_EQ(grid.GetCells()[2][5], "256");
+    EXPECT_EQ(rig.Dato("TransitT(11)", 1), "5");
+    EXPECT_EQ(grid.RefusedCells(), (std::vector<pages::CellPlace>{{2, 5}}));
+    EXPECT_EQ(grid.FocusCell(), (pages::CellPlace{2, 5}));
+    EXPECT_EQ(rig.Page().Focus(), &grid);
+    const int beeps = rig.Beeps();
+    EXPECT_EQ(rig.Press("InMemor").why, Reason::ValueRefused);
+    EXPECT_EQ(rig.Press("TastoTrans").why, Reason::ValueRefused);
+    EXPECT_EQ(rig.Beeps(), beeps + 2);
+    EXPECT_EQ(rig.Shown(), "0 - 255");
+    rig.EnterCell("TransitT", 1, 5, "300");
+    EXPECT_EQ(grid.RefusedCells().size(), 2U);
+    rig.EnterCell("TransitT", 1, 5, "6");
+    EXPECT_TRUE(grid.Refused()) << "the other cell is still refused";
+    EXPECT_EQ(grid.GetCells()[2][5], "256");
+    rig.EnterCell("TransitT", 2, 5, "7");
+    EXPECT_FALSE(grid.Refused());
+    EXPECT_TRUE(grid.RefusedCells().empty());
+    EXPECT_EQ(rig.Shown(), "");
+    rig.EnterCell("TransitT", 3, 5, "300");
+    rig.EnterCell("TransitT", 3, 5, "");
+    EXPECT_EQ(grid.GetCells()[3][5], "6") << "an empty text brings the figure back";
+    EXPECT_FALSE(rig.Chain("InMemor").empty());
+    rig.EnterCell("TransitT", 1, 5, "300");
+    ASSERT_TRUE(rig.Press("Esci").ok) << "nothing of it is kept";
+    EXPECT_FALSE(rig.Page().IsOpen());
+    rig.Open(4);
+    EXPECT_FALSE(grid.Refused());
+    EXPECT_TRUE(grid.RefusedCells().empty());
+}
+
+TEST(PageEditing, AStoreThatSucceedsTakesTheMarksAway) {
+    PageRig rig("MessaP", {"cell O 3124 0010"});  // the upper threshold below the lower
+    rig.Open(0);
+    rig.Press("InMemor");
+    EXPECT_TRUE(rig.Control("ValLam(2)").Refused());
+    rig.Enter("ValLam(2)", "150");
+    rig.Chain("InMemor");
+    EXPECT_EQ(rig.Shown(), rig.Text("SEGNALAZIONE_1", "MESSAP"));
+    EXPECT_FALSE(rig.Control("ValLam(1)").Refused() || rig.Control("ValLam(2)").Refused());
+}
+
+TEST(PageEditing, TheLimitsOfAListAreItsEntries) {
+    PageRig rig("MessaP", {"cell O 3168 09"});
+    rig.Open(1);
+    ASSERT_TRUE(rig.Press("InMemor").ok);
+    const auto& entries = rig.Control("StepCut").Items();
+    EXPECT_EQ(rig.Shown(), entries.front() + " - " + entries.back());
+    EXPECT_EQ(rig.Page().Focus(), &rig.Control("StepCut"));
 }
 
 // A figure that the unit itself holds outside the limits is shown; it can be left, but not stored.
@@ -313,6 +545,8 @@ TEST(PageEditing, AnIllegalCellOpensItsTable) {
     ASSERT_TRUE(rig.Press("InMemor").ok);
     EXPECT_EQ(rig.Shown(), "0 - 1023");
     EXPECT_TRUE(rig.Control("LabTPS").Visible() && rig.Control("LabTPS").Refused());
+    EXPECT_EQ(rig.Control("LabTPS").RefusedCells(), (std::vector<pages::CellPlace>{{0, 0}}));
+    EXPECT_EQ(rig.Control("LabTPS").FocusCell(), (pages::CellPlace{0, 0}));
 }
 
 }  // namespace
