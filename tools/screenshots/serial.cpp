@@ -47,6 +47,8 @@ int Shoot(const QStringList& words) {
     platform::qt::QtHost machine;
     platform::WritePrivateProfileString(machine.files, "IMPOSTAZIONI", "Lingua", words[2].toStdString(),
                                         folder.Path() / "MARLO.INI");
+    for (const std::string& name : machine.files.List(MARLOVENT_DATA, ".LNG"))
+        machine.files.Copy(platform::Path(MARLOVENT_DATA) / name, folder.Path() / name);
     const QStringList sides = words[4].split(QLatin1Char('x'));
     const desktop::Theme& theme = desktop::ChooseTheme(words[3].toStdString(), {});
     desktop::ApplyTheme(theme);

@@ -53,7 +53,7 @@ std::string ProgramName(const fs::path& process) {
     std::ifstream commandLine(process / "cmdline", std::ios::binary);
     std::string first;
     for (std::string word; std::getline(commandLine, word, '\0');) {
-        const std::string name = fs::path(word).filename().string();
+        std::string name = fs::path(word).filename().string();
         if (!shortName.empty() && name.starts_with(shortName)) return name;
         if (first.empty()) first = name;
     }
