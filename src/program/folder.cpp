@@ -78,7 +78,11 @@ void PrepareFolder(shell::Shell& shell) {
         shell.folderTrouble = FolderTrouble::Unwritable;
         return;
     }
-    if (IsNew(shell)) CopyMissing(shell);
+    if (IsNew(shell)) {
+        CopyMissing(shell);
+    } else {
+        shell.wordless = shell.host.files.List(shell.options.folder, LanguageExtension).empty();
+    }
 }
 
 void CompleteFolder(shell::Shell& shell) {
@@ -90,6 +94,7 @@ void CompleteFolder(shell::Shell& shell) {
 }
 
 void LoadLanguage(shell::Shell& shell) {
+    if (shell.wordless) return;
     const std::string name = shell.state.Lingua + LanguageExtension;
     platform::Path file = shell.FileInFolder(name);
     if (shell.folderTrouble != FolderTrouble::None && !shell.host.files.Exists(file)) {

@@ -41,6 +41,7 @@ struct Shell {
     Commands commands;
     Hooks hooks;
     FolderTrouble folderTrouble = FolderTrouble::None;
+    bool wordless = false;  // an older directory held no language: this run has no texts, the next one will
 
     Marlovent main{*this};
     Messaggio messaggio{*this};

@@ -118,6 +118,18 @@ TEST(Start, GivesAnOlderFolderWhatItLacksAndNothingElse) {
     EXPECT_EQ(m.Shell().state.Lingua, "INGLESE");
 }
 
+TEST(Start, AnOlderFolderWithoutALanguageHasTextsFromTheNextStartOn) {
+    support::Machine m;
+    m.WriteFile("MARLO.INI", "[IMPOSTAZIONI]\r\nLingua=INGLESE\r\n");
+    EXPECT_TRUE(m.Start());
+    EXPECT_EQ(m.Shell().state.Lingua, "ITALIANO");
+    EXPECT_EQ(m.Shell().main.Title(), "");
+    EXPECT_FALSE(m.IsOpen("SystemMessage"));
+    m.Restart();
+    EXPECT_EQ(m.Shell().state.Lingua, "INGLESE");
+    EXPECT_NE(m.Shell().main.Title(), "");
+}
+
 TEST(Start, WorksByPositionWithoutAnyLanguage) {
     support::Machine m;
     m.options.shipped.clear();
