@@ -25,6 +25,9 @@ class Hands {
     bool EditCell(pages::Control& control, int row, int column, std::string_view text) {
         return Done(stack_.EditCell(control, row, column, text));
     }
+    bool PointAtCell(pages::Control& control, int row, int column) {
+        return Done(stack_.PointAtCell(control, row, column));
+    }
     bool DoubleClick(pages::Control& control) { return Done(stack_.DoubleClick(control)); }
     bool FocusOn(pages::Control& control) { return Done(stack_.FocusOn(control)); }
     bool Close(pages::Page& page) { return Done(stack_.Close(page)); }

@@ -203,9 +203,11 @@ QWidget* MakeGrid(const Control&, QWidget* parent) {
 }
 
 void WireGrid(Control& control, QWidget& widget, Hands& hands) {
-    static_cast<GridView&>(widget).onEdit = [&control, &hands](int row, int column, const QString& text) {
+    auto& table = static_cast<GridView&>(widget);
+    table.onEdit = [&control, &hands](int row, int column, const QString& text) {
         hands.EditCell(control, row, column, ToCore(text));
     };
+    table.onPoint = [&control, &hands](int row, int column) { hands.PointAtCell(control, row, column); };
 }
 
 QWidget* MakeLamp(const Control&, QWidget* parent) {

@@ -157,6 +157,37 @@ TEST(Binder, EachKindHandsItsInputToThePage) {
     EXPECT_EQ(page.saved, 2);
 }
 
+TEST(Binder, TheHandInATableIsTheHandOfThePageAndStaysOnARefusedCell) {
+    Bench bench;
+    pages::Grid& grid = bench.page.Table;
+    grid.onCell = [&grid](int row, int column, const std::string&) { grid.SetRefusedCells({{row, column}}); };
+    auto& table = bench.Of<desktop::GridView>(grid);
+    table.setFocus(Qt::TabFocusReason);
+    table.setCurrentCell(0, 1);
+    EXPECT_EQ(grid.FocusCell(), (pages::CellPlace{1, 2})) << "moved by the hand, headers counted in";
+    EXPECT_EQ(bench.page.Focus(), &grid);
+
+    QTest::keyClick(&table, Qt::Key_9);
+    auto* editor = table.viewport()->findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    QTest::keyClick(editor, Qt::Key_Return);
+    EXPECT_EQ(table.currentRow(), 0) << "a refused cell is not left";
+    EXPECT_EQ(grid.FocusCell(), (pages::CellPlace{1, 2}));
+    const QImage refused = table.grab().toImage();
+    grid.SetRefusedCells({});
+    bench.view.Sync();
+    EXPECT_NE(table.grab().toImage(), refused) << "and is framed";
+
+    grid.SetFocusCell({2, 1});
+    bench.view.Sync();
+    EXPECT_EQ(table.currentRow(), 1) << "the page moves the hand";
+    EXPECT_EQ(table.currentColumn(), 0);
+    grid.SetLocked(true);
+    bench.view.Sync();
+    table.setCurrentCell(0, 0);
+    EXPECT_EQ(grid.FocusCell(), (pages::CellPlace{2, 1})) << "a locked table holds no hand";
+}
+
 TEST(Binder, KeysThatTheFieldDoesNotTakeLeaveItAndTheCaretAlone) {
     Bench bench;
     auto& edit = bench.Of<QLineEdit>(bench.page.Figure);

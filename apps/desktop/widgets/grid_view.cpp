@@ -5,9 +5,12 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QRegularExpressionValidator>
+#include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <algorithm>
 #include <limits>
+
+#include "desktop/widgets/marks.h"
 
 namespace desktop {
 
@@ -77,15 +80,16 @@ class GridDelegate : public QStyledItemDelegate {
     }
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         QStyledItemDelegate::paint(painter, option, index);
+        if (grid_.Refuses(index.row(), index.column())) Marks{false, true}.Draw(*painter, option.rect, grid_.theme_);
         if (index.row() != grid_.markedRow_ || index.column() != grid_.markedColumn_) return;
         painter->save();
-        painter->setPen(QPen(grid_.markInk_, MarkFrame));
+        painter->setPen(QPen(grid_.theme_.accent, MarkFrame));
         painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
         painter->restore();
     }
 
   protected:
-    // Up, down and Enter end the edit and go on, as in any table of figures.
+    // Up, down and Enter end the edit and go on, as in any table of figures, but not from a cell that is refused.
     bool eventFilter(QObject* editor, QEvent* event) override {
         if (event->type() == QEvent::KeyPress) {
             const int key = static_cast<QKeyEvent*>(event)->key();
@@ -94,7 +98,8 @@ class GridDelegate : public QStyledItemDelegate {
                 emit commitData(static_cast<QWidget*>(editor));
                 emit closeEditor(static_cast<QWidget*>(editor), NoHint);
                 const int row = grid_.currentRow() + (up ? -1 : 1);
-                if (row >= 0 && row < grid_.rowCount()) grid_.setCurrentCell(row, grid_.currentColumn());
+                const bool stays = grid_.Refuses(grid_.currentRow(), grid_.currentColumn());
+                if (!stays && row >= 0 && row < grid_.rowCount()) grid_.setCurrentCell(row, grid_.currentColumn());
                 return true;
             }
         }
@@ -118,6 +123,27 @@ GridView::GridView(QWidget* parent) : QTableWidget(parent) {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + RowPadding);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
+    connect(this, &QTableWidget::currentCellChanged, this, [this](int row, int column) { Point(row, column); });
+}
+
+void GridView::Point(int row, int column) {
+    const QTableWidgetItem* cell = item(row, column);
+    const bool editable = !locked_ && cell != nullptr && cell->flags().testFlag(Qt::ItemIsEditable);
+    if (editable && hasFocus() && onPoint) onPoint(row + headerRows_, column + headerColumns_);
+}
+
+// The page moves the hand when it has something to say of another cell.
+void GridView::FollowFocusCell(const pages::Control& control) {
+    if (control.FocusCell() == focusCell_) return;
+    focusCell_ = control.FocusCell();
+    if (focusCell_.row < headerRows_ || focusCell_.column < headerColumns_) return;
+    const QSignalBlocker quiet(this);
+    setCurrentCell(focusCell_.row - headerRows_, focusCell_.column - headerColumns_);
+}
+
+bool GridView::Refuses(int row, int column) const {
+    const pages::CellPlace place{row + headerRows_, column + headerColumns_};
+    return std::find(refusedCells_.begin(), refusedCells_.end(), place) != refusedCells_.end();
 }
 
 void GridView::SetAxes(std::vector<QWidget*> columns, std::vector<QWidget*> rows) {
@@ -148,10 +174,12 @@ void GridView::Show(const pages::Control& control, const Look& look) {
     const bool axes = !columnAxis_.empty() || !rowAxis_.empty();
     headerRows_ = axes ? 0 : std::min(control.HeaderRows(), 1);
     headerColumns_ = axes ? 0 : std::min(control.HeaderColumns(), 1);
-    markInk_ = look.theme.accent;
+    theme_ = look.theme;
     markedRow_ = control.MarkedRow() - headerRows_;
     markedColumn_ = control.MarkedColumn() - headerColumns_;
+    refusedCells_ = control.RefusedCells();
     Fill(control, look);
+    FollowFocusCell(control);
     if (surface_) Shade(control, look);
     viewport()->update();
 }

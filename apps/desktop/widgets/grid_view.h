@@ -26,6 +26,8 @@ class GridView : public QTableWidget, public Shows {
 
     // Row and column as the model counts them, headers included.
     std::function<void(int row, int column, const QString& text)> onEdit;
+    // The hand has moved to a cell that can be edited.
+    std::function<void(int row, int column)> onPoint;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -35,6 +37,9 @@ class GridView : public QTableWidget, public Shows {
   private:
     friend class GridDelegate;
     void PlaceAxes();
+    void Point(int row, int column);
+    void FollowFocusCell(const pages::Control& control);
+    bool Refuses(int row, int column) const;
     void Fill(const pages::Control& control, const Look& look);
     void FitColumns();
     void Shade(const pages::Control& control, const Look& look);
@@ -50,7 +55,9 @@ class GridView : public QTableWidget, public Shows {
     int headerColumns_ = 0;
     int markedRow_ = -1;  // of the table
     int markedColumn_ = -1;
-    QColor markInk_;
+    pages::CellPlace focusCell_;                  // of the model, as last shown
+    std::vector<pages::CellPlace> refusedCells_;  // of the model
+    Theme theme_;
 };
 
 }  // namespace desktop
