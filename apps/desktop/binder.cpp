@@ -150,7 +150,7 @@ bool PageView::KeyOn(const Bound& bound, const QKeyEvent& event) {
     if (name.empty()) return false;
     if (event.key() == Qt::Key_Backtab) {
         if (!root_.isWindow()) return false;
-        StepBack(*bound.control);
+        if (pages::Control* before = page_.PreviousFocus(bound.control)) hands_.FocusOn(*before);
         return true;
     }
     if (name == "Tab") {
@@ -165,19 +165,6 @@ bool PageView::Key(const QKeyEvent& event) {
     const std::string name = KeyName(event);
     const bool moves = name == "Enter" || name == "Tab";
     return !name.empty() && (moves || IsCommand(event)) && hands_.Key(page_, name);
-}
-
-// The control before this one that can take the focus, going round.
-void PageView::StepBack(const pages::Control& from) {
-    const auto& controls = page_.Controls();
-    const std::size_t count = controls.size();
-    const auto at = static_cast<std::size_t>(std::find(controls.begin(), controls.end(), &from) - controls.begin());
-    for (std::size_t step = 1; step < count; ++step) {
-        pages::Control& before = *controls[(at + count - step) % count];
-        if (!pages::TakesFocus(before)) continue;
-        hands_.FocusOn(before);
-        return;
-    }
 }
 
 }  // namespace desktop

@@ -61,7 +61,6 @@ class PageView : public QObject {
     bool TakesPress(const Bound& bound);
     void FollowFocus(const Bound& bound, Qt::FocusReason reason);
     bool KeyOn(const Bound& bound, const QKeyEvent& event);
-    void StepBack(const pages::Control& from);
 
     pages::Page& page_;
     QWidget& root_;
