@@ -5,23 +5,10 @@
 #include <QScrollArea>
 #include <QStatusTipEvent>
 #include <algorithm>
-#include <array>
 
 namespace desktop {
 
 namespace {
-
-// The kind of a message by its colour: nothing said, running, done, refused, failed.
-struct StripRow {
-    std::string_view colour;
-    const char* picture;
-};
-constexpr std::array<StripRow, 4> StripPictures{{
-    {"blue", "busy"},
-    {"green", "live"},
-    {"yellow", "exclamation"},
-    {"red", "stop"},
-}};
 
 bool Runs(const PagePlan& plan) {
     return std::any_of(plan.progress.begin(), plan.progress.end(),
@@ -29,17 +16,15 @@ bool Runs(const PagePlan& plan) {
 }
 
 bool Refuses(const PagePlan& plan) {
-    return std::any_of(plan.rows.begin(), plan.rows.end(), [](const FieldRow& row) { return row.value->Refused(); });
+    const auto refused = [](const FieldRow& row) { return row.value->Refused(); };
+    return std::any_of(plan.rows.begin(), plan.rows.end(), refused) ||
+           std::any_of(plan.tables.begin(), plan.tables.end(), refused);
 }
 
 const char* StripPicture(const pages::Page& page, const PagePlan& plan) {
-    const pages::Control& strip = *plan.strip;
-    if (strip.Text().empty()) return "";
+    if (plan.strip->Text().empty()) return "";
     if (!page.Enabled() || Runs(plan)) return "busy";
-    if (Refuses(plan)) return "exclamation";
-    const auto found = std::find_if(StripPictures.begin(), StripPictures.end(),
-                                    [&](const StripRow& row) { return row.colour == strip.Colour(); });
-    return found == StripPictures.end() ? plan.stripPicture : found->picture;
+    return Refuses(plan) ? "exclamation" : plan.stripPicture;
 }
 
 // What the window manager draws around a window.

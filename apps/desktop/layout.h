@@ -56,7 +56,7 @@ struct PagePlan {
     pages::Control* strip = nullptr;     // the message at the bottom
     std::vector<pages::Control*> buttons;
     bool message = false;  // a question: its text is what the window is for
-    // The picture of the message while nothing else is said of its kind.
+    // The picture of the message while nothing runs and nothing is refused.
     const char* stripPicture = "information";
 };
 
