@@ -15,7 +15,6 @@ using shell::Text;
 
 constexpr std::string_view Section = "IMPOSTA";
 constexpr Text Refusal{"SEGNALAZIONE_2", "IMPOSTA"};
-constexpr Text NoReading{"ERRORE_18", "ERRORI"};
 constexpr Text NoBaseMap{"ERRORE_9", "ERRORI"};
 constexpr Text NotWritten{"ERRORE_10", "ERRORI"};
 
@@ -56,7 +55,7 @@ Imposta::Imposta(Tuning& owner)
     };
     tank.onNoReading = [this] {
         tuning_.memory.link.shell.Beep();
-        cycle.Tell(NoReading);
+        cycle.TellNotRead();
     };
     editing.onTyped = [this](std::size_t record) { tank.Typed(record); };
     live.onTick = [this] { tank.Follow(); };

@@ -18,7 +18,6 @@ using shell::Text;
 constexpr std::string_view Section = "MESSAP";
 constexpr Text Refusal{"ERRORE_3", "ERRORI"};
 constexpr Text StoreRefusal{"SEGNALAZIONE_2", "MESSAP"};
-constexpr Text NoReading{"ERRORE_18", "ERRORI"};
 
 // texts of MESSAP
 constexpr DialogRow Dialog{
@@ -74,7 +73,7 @@ MessaP::MessaP(Tuning& owner)
     cycle.onShown = [this] { FollowFigures(); };
     cycle.onEditable = [this](pages::Reason why) { LeggoTPS.SetWhy(why); };
     live.onTick = [this] { FollowEngine(); };
-    owner.memory.link.catalogue.Add(ReadingThrottle, {}, {}, [this](int) { cycle.Tell(NoReading); });
+    owner.memory.link.catalogue.Add(ReadingThrottle, {}, {}, [this](int) { cycle.TellNotRead(); });
 }
 
 void MessaP::Opening() {
@@ -168,7 +167,7 @@ void MessaP::TakeThrottle() {
     if (!frames::IsNumeric(reading)) {
         tuning_.memory.link.shell.Beep();
         if (field->value->pending) SetFocus(field->value);  // what is typed there is still to be put right
-        return cycle.Tell(NoReading);
+        return cycle.TellNotRead();
     }
     const double kept = ThrottleKept(frames::ValoreNum(reading), context);
     const auto shown =

@@ -12,7 +12,6 @@ using pages::Control;
 using pages::Kind;
 
 constexpr std::size_t FigureWidth = 8;
-constexpr const char* TwinEnding = "Def";
 
 int RowsOfAll(std::span<const PageRow> pages) {
     int count = 0;
@@ -73,10 +72,8 @@ FieldControls PageControls::MakeField(const FieldRow& row) {
 }
 
 TableControls PageControls::MakeTable(const TableRow& row) {
-    TableControls table{&row,
-                        &Make(std::string(row.button), Kind::Button),
-                        &Make(std::string(row.button) + TwinEnding, Kind::Button),
-                        {}};
+    TableControls table{
+        &row, &Make(std::string(row.button), Kind::Button), &Make(TwinName(row.button, Alone), Kind::Button), {}};
     table.button->onPress = [this, &row] { Press(row.button, false); };
     table.initialButton->onPress = [this, &row] { Press(row.button, true); };
     for (const GridRow& grid : row.grids) table.grids.push_back(MakeGrid(grid));

@@ -82,6 +82,10 @@ void PageCycle::Tell(const Text& text) {
     parts_.foot.Segnalazione.SetText(Link().shell.TestoLingua(text));
 }
 
+void PageCycle::TellNotRead() {
+    Tell(NotRead);
+}
+
 void PageCycle::LoadTexts() {
     const shell::Shell& shell = Link().shell;
     PageFoot& foot = parts_.foot;
@@ -202,7 +206,7 @@ bool PageCycle::Begin(Work work, int state, std::string chain) {
 
 void PageCycle::StartReading() {
     writes_.clear();
-    if (!Begin(Work::Reading, dialog_.reading.state, PageReads(*parts_.controls.Shown().row))) return Tell(NotRead);
+    if (!Begin(Work::Reading, dialog_.reading.state, PageReads(*parts_.controls.Shown().row))) return TellNotRead();
     Tell({ReadingKey, dialog_.section});
 }
 
@@ -343,7 +347,7 @@ void PageCycle::TimedOut() {
 void PageCycle::ReadingFailed() {
     End();
     ClearFigures(parts_.controls.Shown());
-    Tell(NotRead);
+    TellNotRead();
     UpdateButtons();
 }
 

@@ -102,6 +102,8 @@ class PageCycle {
     // The number of the page on the screen.
     int Page() const { return page_; }
     void Tell(const shell::Text& text);
+    // What the page wanted from the unit cannot be had.
+    void TellNotRead();
 
   private:
     void AddStates();
