@@ -94,7 +94,7 @@ void CompleteFolder(shell::Shell& shell) {
 }
 
 void LoadLanguage(shell::Shell& shell) {
-    if (shell.wordless) return;
+    if (shell.wordless && shell.folderTrouble == FolderTrouble::None) return;
     const std::string name = shell.state.Lingua + LanguageExtension;
     platform::Path file = shell.FileInFolder(name);
     if (shell.folderTrouble != FolderTrouble::None && !shell.host.files.Exists(file)) {

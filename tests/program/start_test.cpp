@@ -354,18 +354,21 @@ TEST(Start, TellsOnceThatTheFolderCannotBeWrittenAndWorks) {
     EXPECT_FALSE(box.IsOpen());
 }
 
-TEST(Start, TellsThatAFolderCouldNotBeFilled) {
-    support::Machine m;
-    NoCopies full(m.files);
-    platform::Host host = m.host.Get();
-    m.program = std::make_unique<Program>(
-        platform::Host{host.clock, host.timers, host.port, host.probe, full, host.sound, host.instance}, m.options);
-    EXPECT_TRUE(program::Start(*m.program));
-    EXPECT_EQ(
-        m.Shell().systemMessage.Text.Text(),
-        shell::Fill(m.Text("CARTELLA_INCOMPLETA", "AVVIO"), m.Shell().state.CartellaProg, "INGLESE.LNG, ITALIANO.LNG"));
-    EXPECT_NE(m.Text("CARTELLA_INCOMPLETA", "AVVIO"), "");
-    m.program.reset();
+TEST(Start, TellsThatAFolderCouldNotBeFilledWhetherNewOrOld) {
+    for (const bool older : {false, true}) {
+        support::Machine m;
+        if (older) m.WriteFile("MARLO.INI", "[IMPOSTAZIONI]\r\nLingua=INGLESE\r\n");
+        NoCopies full(m.files);
+        platform::Host host = m.host.Get();
+        m.program = std::make_unique<Program>(
+            platform::Host{host.clock, host.timers, host.port, host.probe, full, host.sound, host.instance}, m.options);
+        EXPECT_TRUE(program::Start(*m.program));
+        EXPECT_EQ(m.Shell().systemMessage.Text.Text(),
+                  shell::Fill(m.Text("CARTELLA_INCOMPLETA", "AVVIO"), m.Shell().state.CartellaProg,
+                              "INGLESE.LNG, ITALIANO.LNG"));
+        EXPECT_NE(m.Text("CARTELLA_INCOMPLETA", "AVVIO"), "");
+        m.program.reset();
+    }
 }
 
 TEST(Start, SurvivesTheFailureOfAnyOneFileOperation) {
