@@ -39,6 +39,15 @@ struct Live : support::Machine {
         BecomeReady();
         State().mapTable.linea[1] = {200, 820};
     }
+    // The next frame of the drive arrives and is taken.
+    void TakeFrame() {
+        State().BufferRx += drive_[next_++ % drive_.size()];
+        eculink::EstraiFrame(Link());
+    }
+
+  private:
+    const std::vector<std::string> drive_ = Drive();
+    std::size_t next_ = 0;
 };
 
 void ScanLiveFrame(benchmark::State& state) {
@@ -53,23 +62,15 @@ BENCHMARK(ScanLiveFrame);
 
 void PopAndDecodeLiveFrame(benchmark::State& state) {
     Live live;
-    const auto drive = Drive();
-    std::size_t next = 0;
-    for (auto _ : state) {
-        live.State().BufferRx += drive[next++ % drive.size()];
-        eculink::EstraiFrame(live.Link());
-    }
+    for (auto _ : state) live.TakeFrame();
     if (live.Link().RecCanali.Progressivo == 0) state.SkipWithError("no frame was taken");
 }
 BENCHMARK(PopAndDecodeLiveFrame);
 
 void PopDecodeAndShowLiveFrame(benchmark::State& state) {
     Live live;
-    const auto drive = Drive();
-    std::size_t next = 0;
     for (auto _ : state) {
-        live.State().BufferRx += drive[next++ % drive.size()];
-        eculink::EstraiFrame(live.Link());
+        live.TakeFrame();
         eculink::AggiornaPagina(live.Link());
     }
 }
