@@ -127,9 +127,26 @@ class Studio {
             Program().shell.stack.Press(*control);
             Pass(Settle);
             SaveOpen(name + "-" + control->Name());
+            ShootRefusedCell(page, name + "-" + control->Name());
             Program().shell.stack.Press(*control);
             Pass(0);
         }
+    }
+
+    // The first cell of the last table on the screen refused; an empty text brings its figure back.
+    void ShootRefusedCell(const pages::Page& page, const std::string& name) {
+        pages::Control* table = nullptr;
+        for (pages::Control* control : page.Controls()) {
+            if (control->GetKind() == pages::Kind::Grid && control->Visible() && control->onCell) table = control;
+        }
+        if (table == nullptr) return;
+        const auto type = [&](const char* text) {
+            Program().shell.stack.EditCell(*table, table->HeaderRows(), table->HeaderColumns(), text);
+        };
+        type("9999999");
+        Pass(Settle);
+        SaveOpen(name + "-refused");
+        type("");
     }
 
     // The first figure of the page changed, then the same refused.

@@ -80,7 +80,8 @@ class GridDelegate : public QStyledItemDelegate {
     }
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         QStyledItemDelegate::paint(painter, option, index);
-        if (grid_.Refuses(index.row(), index.column())) Marks{false, true}.Draw(*painter, option.rect, grid_.theme_);
+        if (grid_.Refuses(index.row(), index.column()))
+            return Marks::DrawRefusedCell(*painter, option.rect, grid_.theme_);
         if (index.row() != grid_.markedRow_ || index.column() != grid_.markedColumn_) return;
         painter->save();
         painter->setPen(QPen(grid_.theme_.accent, MarkFrame));

@@ -19,6 +19,8 @@ struct Marks {
     bool Any() const { return changed || refused; }
     bool operator==(const Marks&) const = default;
     void Draw(QPainter& painter, const QRect& inside, const Theme& theme) const;
+    // A refused cell of a table has no room for an exclamation mark: a filled corner takes its place.
+    static void DrawRefusedCell(QPainter& painter, const QRect& cell, const Theme& theme);
 };
 
 inline Marks MarksOf(const pages::Control& control) {
