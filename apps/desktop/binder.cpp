@@ -3,6 +3,7 @@
 #include <QAbstractScrollArea>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QScrollArea>
 #include <algorithm>
 
 #include "desktop/keys.h"
@@ -13,6 +14,13 @@ namespace {
 
 bool IsByKey(Qt::FocusReason reason) {
     return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+}
+
+// Where the page puts the hand is to be seen, also where what surrounds it scrolls.
+void ScrollTo(QWidget& widget) {
+    for (QWidget* around = widget.parentWidget(); around != nullptr; around = around->parentWidget()) {
+        if (auto* area = qobject_cast<QScrollArea*>(around)) area->ensureWidgetVisible(&widget);
+    }
 }
 
 }  // namespace
@@ -91,7 +99,9 @@ void PageView::PushFocus() {
     focusDirty_ = false;
     seenFocus_ = page_.Focus();
     QWidget* wanted = seenFocus_ == nullptr ? nullptr : WidgetOf(*seenFocus_);
-    if (wanted != nullptr && wanted->window()->focusWidget() != wanted) wanted->setFocus(Qt::TabFocusReason);
+    if (wanted == nullptr || wanted->window()->focusWidget() == wanted) return;
+    wanted->setFocus(Qt::TabFocusReason);
+    ScrollTo(*wanted);
 }
 
 const PageView::Bound* PageView::Find(const QObject* widget) const {

@@ -10,6 +10,7 @@
 #include <QToolButton>
 
 #include "desktop/widgets/figure_view.h"
+#include "desktop/widgets/grid_view.h"
 #include "desktop/widgets/picture_view.h"
 #include "desktop/workshop.h"
 
@@ -126,6 +127,28 @@ TEST(Windows, APageIsAsLargeAsWhatItShows) {
         EXPECT_NEAR(shown.center().x(), middle.x(), 1);
         EXPECT_NEAR(shown.center().y(), middle.y(), 1);
     }
+}
+
+// On a small screen the page scrolls; what is refused comes into sight by itself.
+TEST(Windows, ARefusedCellBelowTheEdgeComesIntoSight) {
+    Workshop shop;
+    shop.windows.Main().resize(960, 540);
+    shop.BeginLive();
+    shop.Choose(MenuId::MenuPunto, 0);
+    shop.RunUntil([&] { return shop.program.link.state.StatoCmd == eculink::Idle; }, 60000);
+    pages::Page& page = shop.program.tuning.messaP;
+    shop.Stack().Press(*page.Find("SoglieLam"));
+    shop.Pass(1000);
+    Workshop::Settle();
+    pages::Control& lean = *page.Find("T_LamInf");
+    auto& table = shop.Find<desktop::GridView>(page, "T_LamInf");
+    ASSERT_TRUE(table.visibleRegion().isEmpty()) << "or nothing is shown by this test";
+    shop.Stack().EditCell(lean, 0, 0, "9999999");
+    shop.windows.Sync();
+    Workshop::Settle();
+    ASSERT_TRUE(lean.Refused());
+    const QRect cell = table.visualItemRect(table.item(0, 0));
+    EXPECT_EQ(table.viewport()->visibleRegion().intersected(cell).boundingRect(), cell);
 }
 
 TEST(Windows, AReadThatRunsShowsHowFarItIs) {
