@@ -1,6 +1,11 @@
 #include "platform/qt/qt_port.h"
 
+#include <algorithm>
 #include <array>
+
+#ifdef Q_OS_UNIX
+#include <sys/ioctl.h>
+#endif
 
 namespace platform::qt {
 
@@ -57,6 +62,19 @@ bool IsLoss(QSerialPort::SerialPortError error) {
     }
 }
 
+// Drops what the driver has received; so many bytes come all the same and are to be dropped as they come. The event
+// loop may be about to fetch them, and a port that finds nothing there takes its device for lost.
+std::size_t DropReceived(QSerialPort& port) {
+    port.readAll();
+#ifdef Q_OS_UNIX
+    int waiting = 0;
+    return ::ioctl(port.handle(), FIONREAD, &waiting) == 0 ? static_cast<std::size_t>(std::max(waiting, 0)) : 0;
+#else
+    port.clear(QSerialPort::Input);
+    return 0;
+#endif
+}
+
 }  // namespace
 
 QtPort::QtPort(const AfterEvent& after, int retryMillis) : after_(after) {
@@ -111,7 +129,7 @@ bool QtPort::Output(std::string_view bytes) {
 
 void QtPort::ClearInput() {
     received_.clear();
-    if (port_.isOpen()) port_.clear(QSerialPort::Input);
+    if (port_.isOpen()) dropped_ = DropReceived(port_);
 }
 
 bool QtPort::OpenDevice() {
@@ -121,6 +139,7 @@ bool QtPort::OpenDevice() {
     port_.setDataBits(static_cast<QSerialPort::DataBits>(lineSettings_.dataBits));
     port_.setStopBits(StopBitsOf(lineSettings_.halfStopBits));
     port_.setFlowControl(QSerialPort::NoFlowControl);
+    dropped_ = 0;
     if (!port_.open(QIODevice::ReadWrite)) return false;
     port_.clear();  // what a line has gathered while nobody listened is no answer to anything
     return true;
@@ -134,8 +153,10 @@ void QtPort::CloseDevice() {
 
 void QtPort::Receive() {
     const QByteArray bytes = port_.readAll();
-    if (!open_ || bytes.isEmpty()) return;
-    received_.append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    const std::size_t old = std::min(dropped_, static_cast<std::size_t>(bytes.size()));
+    dropped_ -= old;
+    if (!open_ || static_cast<std::size_t>(bytes.size()) == old) return;
+    received_.append(bytes.constData() + old, static_cast<std::size_t>(bytes.size()) - old);
     const Event event = event_;
     if (event) event(EventReceived);
     after_.Run();

@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QSerialPort>
 #include <QTimer>
+#include <cstddef>
 #include <string>
 
 #include "platform/qt/after_event.h"
@@ -50,6 +51,7 @@ class QtPort : public SerialPort {
     std::string settings_;
     LineSettings lineSettings_;
     std::string received_;
+    std::size_t dropped_ = 0;  // so many of the next bytes were still with the driver when they were dropped
     Event event_;
     bool open_ = false;
     QSerialPort port_;
