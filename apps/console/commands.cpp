@@ -161,6 +161,9 @@ Json Select(Context& context, const Words& words) {
     return WithControl(context, words, [&](Control& control) {
         auto indices = Indices(words[2]);
         if (!indices) return BadNumber(words[2]);
+        // In a table the hand goes to a cell, which edits nothing.
+        if (control.GetKind() == pages::Kind::Grid && indices->size() == 2)
+            return Answer(context, StackOf(context).PointAtCell(control, indices->front(), indices->back()));
         return Answer(context, StackOf(context).Select(control, std::move(*indices)));
     });
 }

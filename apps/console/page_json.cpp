@@ -60,11 +60,17 @@ Json Cells(const Control& grid) {
     return rows;
 }
 
+Json Place(const pages::CellPlace& place) {
+    return {place.row, place.column};
+}
+
 void AddGrid(const Control& grid, Json& out) {
     out["cells"] = Cells(grid);
     out["headerRows"] = grid.HeaderRows();
     out["headerColumns"] = grid.HeaderColumns();
     if (grid.MarkedRow() >= 0) out["marked"] = {grid.MarkedRow(), grid.MarkedColumn()};
+    if (grid.FocusCell() != pages::CellPlace{}) out["hand"] = Place(grid.FocusCell());
+    for (const pages::CellPlace& place : grid.RefusedCells()) out["refusedCells"].push_back(Place(place));
 }
 
 void AddMarks(const Control& control, Json& out) {
