@@ -43,6 +43,9 @@ const KindRow& RowOf(Kind kind) {
     return Kinds.front();
 }
 
+// A message without a tone has no name for it.
+constexpr std::array<const char*, 5> Tones{nullptr, "progress", "done", "refused", "failed"};
+
 Json Texts(const std::vector<std::string>& texts) {
     Json out = Json::array();
     for (const std::string& text : texts) out.push_back(Text(text));
@@ -70,6 +73,7 @@ void AddGrid(const Control& grid, Json& out) {
     out["headerColumns"] = grid.HeaderColumns();
     if (grid.MarkedRow() >= 0) out["marked"] = {grid.MarkedRow(), grid.MarkedColumn()};
     if (grid.FocusCell() != pages::CellPlace{}) out["hand"] = Place(grid.FocusCell());
+    for (const pages::CellPlace& place : grid.ChangedCells()) out["changedCells"].push_back(Place(place));
     for (const pages::CellPlace& place : grid.RefusedCells()) out["refusedCells"].push_back(Place(place));
 }
 
@@ -99,6 +103,8 @@ Json OfControl(const Control& control) {
     const KindRow& row = RowOf(control.GetKind());
     Json out = {{"kind", row.name}, {"enabled", control.Enabled()}, {"visible", control.Visible()}};
     if (row.text) out["text"] = Text(control.Text());
+    if (const char* const tone = Tones[static_cast<std::size_t>(control.GetTone())]; tone != nullptr)
+        out["tone"] = tone;
     if (row.locked) out["locked"] = control.Locked();
     if (control.GetKind() == Kind::Field) out["maxLength"] = control.MaxLength();
     if (row.items) {

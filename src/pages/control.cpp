@@ -20,7 +20,8 @@ void Control::Assign(T& member, T value) {
     Touch();
 }
 
-void Control::SetText(std::string text) {
+void Control::Say(Tone tone, std::string text) {
+    Assign(tone_, tone);
     Assign(text_, std::move(text));
 }
 void Control::SetWhy(Reason why) {
@@ -76,6 +77,9 @@ void Control::SetCell(int row, int column, const std::string& text) {
 
 void Control::SetFocusCell(CellPlace cell) {
     Assign(focusCell_, cell);
+}
+void Control::SetChangedCells(std::vector<CellPlace> cells) {
+    Assign(changedCells_, std::move(cells));
 }
 void Control::SetRefusedCells(std::vector<CellPlace> cells) {
     Assign(refusedCells_, std::move(cells));

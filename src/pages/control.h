@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "pages/reason.h"
@@ -19,6 +20,9 @@ enum class KeyFilter {
     Any,
     Digits,  // digits alone; blanks, signs and points are dropped
 };
+
+// What a message tells, beside its words.
+enum class Tone { Plain, Progress, Done, Refused, Failed };
 
 using Cells = std::vector<std::vector<std::string>>;
 
@@ -47,6 +51,7 @@ class Control {
     std::int64_t Version() const { return version_; }
 
     const std::string& Text() const { return text_; }
+    Tone GetTone() const { return tone_; }
     bool Enabled() const { return why_ == Reason::None; }
     Reason Why() const { return why_; }
     bool Visible() const { return visible_; }
@@ -68,11 +73,13 @@ class Control {
     bool Refused() const { return refused_; }
     int MarkedRow() const { return markedRow_; }
     int MarkedColumn() const { return markedColumn_; }
-    // Of a grid: the cell in which the hand stands, and those whose figures were refused.
+    // Of a grid: the cell in which the hand stands, those that were edited, and those whose figures were refused.
     const CellPlace& FocusCell() const { return focusCell_; }
+    const std::vector<CellPlace>& ChangedCells() const { return changedCells_; }
     const std::vector<CellPlace>& RefusedCells() const { return refusedCells_; }
 
-    void SetText(std::string text);
+    void SetText(std::string text) { Say(Tone::Plain, std::move(text)); }
+    void Say(Tone tone, std::string text);
     void Enable(bool on, Reason why = Reason::PageDisabled) { SetWhy(on ? Reason::None : why); }
     void SetWhy(Reason why);
     void SetVisible(bool visible);
@@ -91,6 +98,7 @@ class Control {
     void SetRefused(bool refused);
     void MarkCell(int row, int column);  // -1, -1: none
     void SetFocusCell(CellPlace cell);
+    void SetChangedCells(std::vector<CellPlace> cells);
     void SetRefusedCells(std::vector<CellPlace> cells);
 
     // Set once when the page is built.
@@ -125,6 +133,7 @@ class Control {
     Kind kind_;
     std::int64_t version_ = 1;
     std::string text_;
+    Tone tone_ = Tone::Plain;
     Reason why_ = Reason::None;
     bool visible_ = true;
     bool locked_ = false;
@@ -142,6 +151,7 @@ class Control {
     int markedRow_ = -1;
     int markedColumn_ = -1;
     CellPlace focusCell_;
+    std::vector<CellPlace> changedCells_;
     std::vector<CellPlace> refusedCells_;
 };
 
