@@ -37,12 +37,12 @@ inline constexpr auto LiveCopies = std::to_array<LiveCopy>({
     {3102, 176, 1},
     {3104, 204, 4},  // manifold pressure at idle and at rest
     {3108, 19, 4},   // full load in and out
-    {3112, 23, 2},
-    {3114, 179, 2},
-    {3116, 181, 2},
+    {3112, 23, 2},   // into idle by throttle or pressure
+    {3114, 179, 2},  // out of it
+    {3116, 181, 2},  // out of idle by revolutions
     {3118, 234, 1},
     {3124, 25, 12},  // lambda thresholds: normal, idle, full load
-    {3136, 51, 2},   // idle
+    {3136, 51, 2},   // into idle by revolutions
     {3138, 43, 4},   // cut-off by revolutions
     {3142, 49, 2},
     {3144, 47, 2},
@@ -146,8 +146,8 @@ inline constexpr int OverSpeedReturn = 41;
 inline constexpr int CutOffOut = 43;
 inline constexpr int CutOffIn = 45;
 inline constexpr int FullLoadRevolutions = 49;
-inline constexpr int IdleOut = 51;
-inline constexpr int IdleIn = 181;
+inline constexpr int IdleIn = 51;
+inline constexpr int IdleOut = 181;
 inline constexpr int IdleSpeed = 88;
 inline constexpr int NormalSpeed = 90;
 inline constexpr int FirstBreakpoint = 217;

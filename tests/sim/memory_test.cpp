@@ -63,11 +63,11 @@ TEST(Memory, TheIgnitionEmptiesTheWorkingMemoryAndFillsItFromThePermanentOne) {
                       "155"),
               "wok");
     EXPECT_EQ(rig.Ask("S311600020578"), "sok");  // stored: the live copy does not follow by itself
-    EXPECT_EQ(rig.Ask("R01810002"), "r044C");
+    EXPECT_EQ(rig.Ask("R01810002"), "r0514");
     rig.Say("ignition off");
     EXPECT_EQ(rig.Ask("R00510002", 1000), "");
     rig.Say("ignition on");
-    EXPECT_EQ(rig.Ask("R00510002"), "r0514");
+    EXPECT_EQ(rig.Ask("R00510002"), "r044C");
     EXPECT_EQ(rig.Ask("R01810002"), "r0578");
     EXPECT_EQ(rig.Ask("R01270001"), "r00");
     EXPECT_EQ(rig.Ask("R03000001"), "r00");

@@ -150,7 +150,7 @@ TEST(Scenario, LinesReadAndSetMemoryAndSendAnything) {
     EXPECT_EQ(rig.Text("cell O 3136 0320", "data"), "0320");
     EXPECT_EQ(rig.Text("read O 3135 4", "data"), "71032005");
     EXPECT_EQ(rig.Ask("O31360002"), "o0320");
-    EXPECT_EQ(rig.Text("cell R 51", "data"), "05");  // a live copy follows the ignition or a reload alone
+    EXPECT_EQ(rig.Text("cell R 51", "data"), "04");  // a live copy follows the ignition or a reload alone
     rig.Say("reload");
     EXPECT_EQ(rig.Text("read R 51 2", "data"), "0320");
     rig.Say("fault 3 on");

@@ -164,6 +164,22 @@ TEST(Stream, CellsOfTheWorkingMemoryActOnTheEngineAtOnce) {
     }
 }
 
+// Idle is entered below one threshold and left above another, higher one.
+TEST(Stream, IdleIsLeftAtMoreRevolutionsThanItIsEntered) {
+    Rig rig;
+    const auto zone = [&rig](const char* line) { return FieldOf(After(rig, {line, "stream steady"}, 3000), 35, 1); };
+    struct Row {
+        const char* line;
+        const char* zone;
+    };
+    for (const Row& row : {Row{"rpm 1000", "1"}, Row{"rpm 1200", "1"}, Row{"rpm 1400", "2"}, Row{"rpm 1200", "2"},
+                           Row{"rpm 1000", "1"}, Row{"rpm 1200", "1"},
+                           // entered below 900, left above 1150
+                           Row{"cell R 51 0384", "1"}, Row{"cell R 181 047E", "2"}, Row{"rpm 1000", "2"},
+                           Row{"rpm 850", "1"}, Row{"rpm 1100", "1"}})
+        EXPECT_EQ(zone(row.line), row.zone) << row.line;
+}
+
 TEST(Stream, TheStepperFollowsTheMapAndTheSpeedOfTheLoop) {
     Rig rig;
     rig.Say("stream steady");

@@ -427,9 +427,9 @@ TEST(PageCycle, AThresholdIsTriedStoredAndOutlivesTheIgnition) {
     rig.Enter("ValMin(1)", "1200");
     rig.Chain("Applica(0)");
     EXPECT_EQ(rig.Live(181), 1200);
-    EXPECT_EQ(rig.Word(3116), 1100);
+    EXPECT_EQ(rig.Word(3116), 1300);
     rig.Chain("Applica(1)");
-    EXPECT_EQ(rig.Live(181), 1100);
+    EXPECT_EQ(rig.Live(181), 1300);
     rig.Chain("Applica(0)");
     rig.Chain("InMemor");
     EXPECT_EQ(rig.Word(3116), 1200);
