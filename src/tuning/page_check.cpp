@@ -16,21 +16,17 @@ constexpr int ThrottleClosed = 3088;
 constexpr int ThrottleOpen = 3090;
 constexpr int WordBytes = 2;
 
-// Two thresholds of which the lower never passes the upper: lean and rich, entering and leaving. Full load is entered
-// at more than it is left.
+// Two thresholds of which the lower never passes the upper: lean and rich, and those of throttle or manifold, entering
+// and leaving. Full load is entered at more than it is left. All others are bounded by their limits alone.
 struct Pair {
     std::size_t lower;
     std::size_t upper;
 };
-constexpr std::array<Pair, 8> Pairs{{
+constexpr std::array<Pair, 4> Pairs{{
     {table::NumberOf("ValLam", 1), table::NumberOf("ValLam", 2)},
     {table::NumberOf("ValCut", 3), table::NumberOf("ValCut", 4)},
     {table::NumberOf("ValMin", 3), table::NumberOf("ValMin", 4)},
-    {table::NumberOf("ValMin", 5), table::NumberOf("ValMin", 6)},
-    {table::NumberOf("ValPC", 1), table::NumberOf("ValPC", 0)},
     {table::NumberOf("ValPC", 3), table::NumberOf("ValPC", 2)},
-    {table::NumberOf("ValPC", 11), table::NumberOf("ValPC", 12)},
-    {table::NumberOf("ValFG", 1), table::NumberOf("ValFG", 0)},
 }};
 
 // A throttle that falls when it opens turns the pair round, unless the unit has turned its counts round already.
