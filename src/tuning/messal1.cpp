@@ -6,7 +6,6 @@
 #include "link/frames/numbers.h"
 #include "shell/message.h"
 #include "tuning/limits.h"
-#include "tuning/page_rows.h"
 #include "tuning/parameter_table.h"
 #include "tuning/tuning.h"
 
@@ -195,8 +194,7 @@ void MessaL1::RefuseOverSpeed(const Record& limits) {
     shell::Shell& shell = tuning_.memory.link.shell;
     pages::Field& field = Giri[OverSpeedColumn];
     shell.Beep();
-    Tell(Format0(limits.Min) + " - " + Format0(limits.Max) + " " +
-         shell.TestoLingua(MeasureKey(Measure::Revolutions, false), "MISURE"));
+    Tell(Format0(limits.Min) + " - " + Format0(limits.Max));
     field.SetRefused(true);
     field.pending = true;
     SetFocus(&field);

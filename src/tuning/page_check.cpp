@@ -86,10 +86,8 @@ std::optional<Limits> WhyRefused(const Tuning& tuning, std::size_t number, doubl
     const Record& record = tuning.memoria[number];
     const Limits limits{record.Min, record.Max};
     const auto count = CountFor(record, figure, tuning.CurrentContext());
+    if (!count || !WithinLimits(record, figure)) return limits;
     const Partner partner = PartnerOf(tuning, number);
-    if (!count || !WithinLimits(record, figure)) {
-        return partner.number == MemoriaCount ? limits : Narrowed(tuning, limits, partner);
-    }
     if (partner.number != MemoriaCount && Passes(tuning, partner, *count)) return Narrowed(tuning, limits, partner);
     return std::nullopt;
 }

@@ -151,14 +151,11 @@ void PageEditing::Accept(std::size_t record, double figure) {
     FollowNeighbour(tuning_.memoria, record, tuning_.Cells(), tuning_.CurrentContext());
 }
 
-// The limits of a list are its entries.
+// The limits of a list are its entries; those of a figure are in the unit that stands beside it.
 std::string PageEditing::LimitWords(const Control& control, const Limits& limits) const {
     if (control.GetKind() == pages::Kind::Combo && !control.Items().empty())
         return control.Items().front() + " - " + control.Items().back();
-    std::string words = frames::Format0(limits.Min) + " - " + frames::Format0(limits.Max);
-    if (control.beside.unit != nullptr && !control.beside.unit->Text().empty())
-        words += " " + control.beside.unit->Text();
-    return words;
+    return frames::Format0(limits.Min) + " - " + frames::Format0(limits.Max);
 }
 
 void PageEditing::Refuse(std::size_t record, const Limits& limits) {

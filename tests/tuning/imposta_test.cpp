@@ -34,7 +34,7 @@ TEST(TankLevels, ALevelIsTakenFromTheSensorWithTwoPresses) {
     rig.Press("Acquisisci(1)");
     rig.Run(1000);
     rig.Press("Acquisisci(1)");
-    EXPECT_EQ(rig.Shown(), "125 - 260 counts");
+    EXPECT_EQ(rig.Shown(), "125 - 260");
     EXPECT_TRUE(rig.Control("ValSerb(1)").Refused());
     EXPECT_EQ(rig.Dato("ValSerb(1)", 1), "143");
     rig.Enter("ValSerb(1)", "143");

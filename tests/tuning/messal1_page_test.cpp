@@ -235,7 +235,7 @@ TEST(MessaL1, TheOverSpeedThresholdKeepsItsLimits) {
         const int beeps = e.Beeps();
         e.Enter(page.Giri[15], figure);
         EXPECT_EQ(e.Beeps(), beeps + 1) << figure;
-        EXPECT_EQ(e.Shown(), "4500 - 10000 rpm") << figure;
+        EXPECT_EQ(e.Shown(), "4500 - 10000") << figure;
         EXPECT_EQ(page.Giri[15].Text(), figure);
         EXPECT_TRUE(page.Giri[15].Refused());
         EXPECT_EQ(page.Focus(), &page.Giri[15]);

@@ -68,17 +68,17 @@ TEST(PageEditing, AFigureOutsideItsLimitsIsRefusedAndNeverReachesTheRecord) {
     EXPECT_GT(tried, 100);
 }
 
-TEST(PageEditing, LimitsAreShownInTheUnitOfTheField) {
+TEST(PageEditing, LimitsAreTwoFiguresInTheUnitThatStandsBesideTheField) {
     PageRig rig("MessaP");
     rig.Open(2);
     rig.Enter("ValMin(1)", "499");
-    EXPECT_EQ(rig.Shown(), "500 - 1800 rpm");
+    EXPECT_EQ(rig.Shown(), "500 - 1800");
     for (const char* legal : {"500", "1800"}) {
         rig.Enter("ValMin(1)", legal);
         EXPECT_EQ(rig.Dato("ValMin(1)", 1), legal);
     }
     rig.Enter("ValMin(13)", "256");
-    EXPECT_EQ(rig.Shown(), "0 - 255 s/10");
+    EXPECT_EQ(rig.Shown(), "0 - 255");
 }
 
 TEST(PageEditing, ThresholdsKeepToTheirSideOfEachOther) {
@@ -86,11 +86,11 @@ TEST(PageEditing, ThresholdsKeepToTheirSideOfEachOther) {
     rig.Open(0);
     rig.Enter("ValLam(1)", "114");
     EXPECT_TRUE(rig.Control("ValLam(1)").Refused());
-    EXPECT_EQ(rig.Shown(), "20 - 113 counts") << "the upper threshold bounds the lower";
+    EXPECT_EQ(rig.Shown(), "20 - 113") << "the upper threshold bounds the lower";
     rig.Enter("ValLam(1)", "113");
     EXPECT_FALSE(rig.Control("ValLam(1)").Refused());
     rig.Enter("ValLam(2)", "112");
-    EXPECT_EQ(rig.Shown(), "113 - 180 counts");
+    EXPECT_EQ(rig.Shown(), "113 - 180");
     rig.Enter("ValLam(2)", "150");
     EXPECT_EQ(rig.Dato("ValLam(2)", 1), "150");
     rig.Enter("ValLam(1)", "140");
@@ -105,7 +105,7 @@ TEST(PageEditing, TheReducedDisplayScalesFiguresAndLimitsAlike) {
     EXPECT_EQ(rig.Field("ValLam(1)"), "74");
     EXPECT_EQ(rig.Field("ValLam(2)"), "174");
     rig.Enter("ValLam(2)", "225");
-    EXPECT_EQ(rig.Shown(), "74 - 224 counts");
+    EXPECT_EQ(rig.Shown(), "24 - 224");
     rig.Enter("ValLam(2)", "200");
     const auto frames = rig.Chain("Applica(0)");
     EXPECT_EQ(frames.at(1), "W00270002012C") << "not edited: the count as it was read";
@@ -119,7 +119,7 @@ TEST(PageEditing, AThrottleWiredTheOtherWayRoundTurnsItsThresholdsRound) {
     EXPECT_EQ(rig.Field("ValCut(3)"), "900");
     EXPECT_EQ(rig.Field("ValCut(4)"), "880");
     rig.Enter("ValCut(4)", "901");
-    EXPECT_EQ(rig.Shown(), "80 - 900 counts");
+    EXPECT_EQ(rig.Shown(), "80 - 900");
     rig.Enter("ValCut(4)", "600");
     EXPECT_EQ(rig.Dato("ValCut(4)", 1), "600");
 }
@@ -138,7 +138,9 @@ TEST(PageEditing, TheSensorOfAThresholdDecidesHowItIsShownAndBounded) {
     EXPECT_FALSE(rig.Control("LeggoTPS").Visible());
     rig.Enter("ValCut(4)", "700");
     rig.Enter("ValCut(3)", "378");
-    EXPECT_EQ(rig.Shown(), "379 - 700 mbar");
+    EXPECT_EQ(rig.Shown(), "379 - 998") << "the partner is told only where it is the bound";
+    rig.Enter("ValCut(3)", "701");
+    EXPECT_EQ(rig.Shown(), "379 - 700");
     rig.Enter("ValCut(3)", "379");
     const auto frames = rig.Chain("Applica(0)");
     EXPECT_EQ(frames.at(2), "W0075000100");
@@ -160,7 +162,7 @@ TEST(PageEditing, AFigureOfTheOtherSensorDoesNotBoundItsPartner) {
     rig.Enter("ValCut(3)", "600");
     EXPECT_FALSE(rig.Control("ValCut(3)").Refused());
     rig.Enter("ValCut(4)", "590");
-    EXPECT_EQ(rig.Shown(), "600 - 998 mbar") << "a figure within its limits does";
+    EXPECT_EQ(rig.Shown(), "600 - 998") << "a figure within its limits does";
     rig.Enter("ValCut(4)", "700");
     rig.Chain("InMemor");
     EXPECT_EQ(rig.Field("CutDef(3)"), "600") << "the sensor is now the initial one";
@@ -208,16 +210,16 @@ TEST(PageEditing, NeighboursBoundEachOtherByWhatIsReadOrEdited) {
     PageRig rig("Imposta");
     rig.Open(1);
     rig.Enter("ValSerb(2)", "142");
-    EXPECT_EQ(rig.Shown(), "143 - 318 counts") << "a level lies between its neighbours";
+    EXPECT_EQ(rig.Shown(), "143 - 318") << "a level lies between its neighbours";
     rig.Enter("ValSerb(2)", "300");
     rig.Enter("ValSerb(3)", "299");
-    EXPECT_EQ(rig.Shown(), "300 - 405 counts") << "as edited, not as read";
+    EXPECT_EQ(rig.Shown(), "300 - 405") << "as edited, not as read";
     rig.Enter("ValSerb(3)", "318");
     rig.Enter("ValSerb(0)", "144");
-    EXPECT_EQ(rig.Shown(), "0 - 143 counts");
+    EXPECT_EQ(rig.Shown(), "0 - 143");
     rig.Enter("ValSerb(0)", "0");
     rig.Enter("ValSerb(6)", "1024");
-    EXPECT_EQ(rig.Shown(), "500 - 1023 counts");
+    EXPECT_EQ(rig.Shown(), "500 - 1023");
 }
 
 TEST(PageEditing, AFixedAdaptationSpeedLocksTheFiguresAndLeavesThoseOfTheUnit) {
@@ -537,7 +539,7 @@ TEST(PageEditing, AnIllegalFigureOfTheUnitIsFoundWhenThePageIsStored) {
     EXPECT_EQ(rig.State(), eculink::Idle);
     EXPECT_EQ(rig.sent, PageRig::Frames{});
     EXPECT_EQ(rig.Beeps(), beeps + 1);
-    EXPECT_EQ(rig.Shown(), "1500 - 6200 rpm");
+    EXPECT_EQ(rig.Shown(), "1500 - 6200");
     EXPECT_EQ(rig.Page().Focus(), &rig.Control("ValFG(1)"));
     rig.Enter("ValFG(1)", "5500");
     EXPECT_EQ(rig.Chain("InMemor").size(), 4U);
