@@ -164,8 +164,7 @@ void TakeBack(Record& record) {
 std::optional<std::uint32_t> Outgoing(const Record& record, std::size_t slot, const Context& context) {
     const std::string& text = record.Dato[slot];
     if (slot == 0 && record.raw) return record.raw;
-    // A list of two positions is stored as 0 and 255 alone, whatever stood for its second position when it was read.
-    if (slot == 1 && !IsSwitch(*record.row) && Stands(record)) return record.shown->count;
+    if (slot == 1 && Stands(record)) return record.shown->count;
     if (!frames::IsNumeric(text)) return std::nullopt;
     return ToRaw(*record.row, frames::ValoreNum(text), context);
 }

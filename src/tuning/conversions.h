@@ -62,8 +62,8 @@ void TakeRead(Record& record, std::uint32_t count, const Context& context);
 // The edit is taken back: Dato(1) is Dato(0).
 void TakeBack(Record& record);
 
-// The count of Dato(`slot`) for the wire: a figure that stands as it was shown is the count that it was shown from (an
-// edited list of two positions is always 0 or 255), any other is converted back. Nothing when it cannot be.
+// The count of Dato(`slot`) for the wire: a figure that stands as it was shown is the count that it was shown from, any
+// other is converted back. Nothing when it cannot be.
 std::optional<std::uint32_t> Outgoing(const Record& record, std::size_t slot, const Context& context);
 
 // Whether the record has been edited: its figures differ as numbers, or what they were shown from.

@@ -242,11 +242,36 @@ TEST(PageCycle, WhatIsTypedWhileAStoreRunsIsNotTakenForStored) {
     EXPECT_TRUE(rig.Control("ValFG(0)").Changed());
 }
 
-TEST(PageCycle, ATwoPositionListIsNeverStoredAsOne) {
-    PageRig rig("MessaP");
-    rig.Open(1);
-    EXPECT_EQ(rig.Record("SogliaTM").raw, 1U) << "as this unit was delivered";
-    EXPECT_EQ(rig.Chain("InMemor").at(5), "S31000002FFFF");
+// Units are delivered with a 1 for the second position of some lists.
+TEST(PageCycle, ATwoPositionListGoesOutAsReadUntilItIsEdited) {
+    struct Case {
+        const char* button;
+        std::size_t frame;
+        const char* untouched;
+        const char* edited;  // to the first position
+        const char* back;    // and to the second again, once that has been stored
+    };
+    for (const Case& c : {Case{"Applica(0)", 10, "W0234000101", "W0234000100", "W02340001FF"},
+                          Case{"Applica(1)", 10, "W0234000101", "W0234000101", "W0234000100"},
+                          Case{"InMemor", 21, "S3118000201FF", "S3118000200FF", "S31180002FFFF"}}) {
+        PageRig rig("MessaP", {"cell O 3118 01"});
+        rig.Open(2);
+        rig.Enter("ValMin(0)", "1101");
+        const auto chain = [&] {
+            if (std::string(c.button) == "Applica(1)") rig.Chain("Applica(0)");
+            return rig.Chain(c.button).at(c.frame);
+        };
+        EXPECT_EQ(chain(), c.untouched);
+        rig.Choose("Inibiz", 0);
+        EXPECT_EQ(chain(), c.edited);
+        rig.Chain("InMemor");
+        rig.Choose("Inibiz", 1);
+        EXPECT_EQ(chain(), c.back);
+    }
+    PageRig rig("Imposta");
+    rig.Open(0);
+    const auto first = rig.Chain("InMemor").at(0);
+    EXPECT_EQ(first, "S3082000201FF") << "the settings alike";
 }
 
 struct Break {
@@ -370,7 +395,7 @@ TEST(PageCycle, SettingsAreTriedOutInTheMemory) {
     ASSERT_TRUE(rig.Finish());
     EXPECT_EQ(rig.sent, (Frames{"S3082000200FF", "S309600020096", "S3146000209C4", "S320600020028", "S320000020014",
                                 "S320400020001", "S326400020014", "S321400020008", "S327800020005", "S317600021388",
-                                "S316200020008", "S32020002FFFF"}));
+                                "S316200020008", "S3202000201FF"}));
     EXPECT_FALSE(rig.files.Exists(rig.folder.Path() / "TXMESS.TXT"));
     EXPECT_EQ(rig.Dato("ValCom(1)", 0), "2000") << "trying is not storing";
     ASSERT_TRUE((rig.Forget(), rig.Press("Applica(1)").ok));

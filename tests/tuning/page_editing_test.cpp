@@ -139,7 +139,7 @@ TEST(PageEditing, TheSensorOfAThresholdDecidesHowItIsShownAndBounded) {
     rig.Enter("ValCut(4)", "700");
     rig.Enter("ValCut(3)", "378");
     EXPECT_EQ(rig.Shown(), "379 - 998") << "the partner is told only where it is the bound";
-    rig.Enter("ValCut(3)", "701");
+    rig.Enter("ValCut(3)", "705");
     EXPECT_EQ(rig.Shown(), "379 - 700");
     rig.Enter("ValCut(3)", "379");
     const auto frames = rig.Chain("Applica(0)");
@@ -449,8 +449,8 @@ TEST(PageEditing, OnlyTheseThresholdsBoundEachOther) {
     };
     for (const Case& c : {Case{0, "ValLam(2)", "110", "ValLam(1)", "111", "20 - 110"},
                           Case{1, "ValCut(4)", "29", "ValCut(3)", "30", "19 - 29"},
-                          Case{2, "ValMin(4)", "27", "ValMin(3)", "28", "19 - 27"},
-                          Case{3, "ValPC(2)", "900", "ValPC(3)", "901", "0 - 900"},
+                          Case{2, "ValMin(4)", "26", "ValMin(3)", "27", "19 - 26"},
+                          Case{3, "ValPC(2)", "900", "ValPC(3)", "905", "0 - 900"},
                           // bounded by the figure that was read, not by the one that is edited
                           Case{2, "ValMin(6)", "115", "ValMin(5)", "120", nullptr},
                           Case{6, "ValFG(0)", "6000", "ValFG(1)", "6100", nullptr},
