@@ -180,6 +180,10 @@ void ShowReadAnew(Record& record, const Context& context) {
     if (record.raw) record.Dato[0] = TextOf(ToShown(*record.row, *record.raw, context));
 }
 
+bool OnTrial(const Record& record) {
+    return record.tried && record.tried != record.raw;
+}
+
 bool Differ(const Record& record) {
     if (Stands(record)) return record.shown->count != record.raw;
     return frames::ValoreNum(record.Dato[0]) != frames::ValoreNum(record.Dato[1]);

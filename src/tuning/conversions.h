@@ -69,6 +69,10 @@ std::optional<std::uint32_t> Outgoing(const Record& record, std::size_t slot, co
 // Whether the record has been edited: its figures differ as numbers, or what they were shown from.
 bool Differ(const Record& record);
 
+// Whether the working copy may hold something else than the record's initial value: what was last written there differs
+// from it.
+bool OnTrial(const Record& record);
+
 // Shows Dato(1) anew after its selector has been moved; the count stays. Dato(0) stays as the unit's selector shows it.
 void ShowAnew(Record& record, const Context& before, const Context& after);
 // Shows Dato(0) anew: the unit's selector is another one now.

@@ -174,10 +174,12 @@ void PageCycle::Touched() {
 
 bool PageCycle::MustRestore() const {
     if (!read_) return false;
-    if (tried_ || !dialog_.restoresEdits) return tried_;
+    if (!dialog_.restoresEdits) return tried_;
     const std::vector<std::size_t>& records = parts_.controls.Shown().records;
-    return std::any_of(records.begin(), records.end(),
-                       [this](std::size_t number) { return Differ(tuning_.memoria[number]); });
+    return std::any_of(records.begin(), records.end(), [this](std::size_t number) {
+        const Record& record = tuning_.memoria[number];
+        return Differ(record) || OnTrial(record);
+    });
 }
 
 void PageCycle::LeaveFor(std::optional<int> page) {
@@ -223,7 +225,7 @@ bool PageCycle::Start(const WorkRow& row) {
     return true;
 }
 
-// From the first frame on the unit may run with new values.
+// From the first frame on the unit may hold new values.
 void PageCycle::ApplicaModificati() {
     if (Start(RowOf(Work::TryingNew))) tried_ = true;
 }
@@ -232,9 +234,8 @@ void PageCycle::ApplicaIniziali() {
     Start(RowOf(Work::TryingInitial));
 }
 
-// So may it with a store that breaks off: the working copies are written with the cells.
 void PageCycle::Store() {
-    if (parts_.editing.CheckAll() && Start(RowOf(Work::Storing))) tried_ = true;
+    if (parts_.editing.CheckAll()) Start(RowOf(Work::Storing));
 }
 
 bool PageCycle::Reply(const std::string& frame) {
@@ -338,6 +339,7 @@ void PageCycle::TimedOut() {
     if (!work_) return;
     if (*work_ == Work::Reading) return ReadingFailed();
     End();
+    DoubtUnanswered();
     FlagUnanswered();
     Tell(NoAnswer);
     UpdateButtons();
@@ -349,6 +351,13 @@ void PageCycle::ReadingFailed() {
     ClearFigures(parts_.controls.Shown());
     TellNotRead();
     UpdateButtons();
+}
+
+// A frame without an answer may have reached the working copy, or not: the copy counts as the one that is not initial.
+void PageCycle::DoubtUnanswered() {
+    if (answered_ >= writes_.size()) return;
+    const PageWrite& write = writes_[answered_];
+    if (!write.permanent && write.count != tuning_.memoria[write.record].raw) TakeWrite(write);
 }
 
 void PageCycle::FlagUnanswered() {

@@ -36,7 +36,8 @@ struct DialogRow {
     std::string_view writeLetters;
     eculink::TimeOut writeTimeOut;
     std::array<WorkRow, 4> works;
-    // Leaving puts the initial values back whenever a figure differs; otherwise only new values that were tried.
+    // Leaving puts the initial values back whenever a figure or a working copy differs from them; otherwise only when the
+    // new values were the last tried.
     bool restoresEdits;
     // A record's initial value follows each stored cell; otherwise all of them at the end.
     bool storesOneByOne;
@@ -134,6 +135,7 @@ class PageCycle {
     void TimedOut();
     void ReadingFailed();
     void FlagUnanswered();
+    void DoubtUnanswered();
     void End();
 
     const WorkRow& RowOf(Work work) const;
@@ -153,7 +155,7 @@ class PageCycle {
     bool withUnit_ = true;      // the page works on the unit; otherwise it shows what is known without it
     bool read_ = false;
     bool touched_ = false;     // something has been typed or chosen since the page was read
-    bool tried_ = false;       // the unit may run with other values than the initial ones
+    bool tried_ = false;       // the edited values were the last that were tried, and have not been stored
     bool overtaken_ = false;   // something has been edited since the chain that runs began
     int offered_ = 0;          // which Applica is offered
     std::optional<int> next_;  // page to open once this one has been left; none: the dialog closes

@@ -40,7 +40,7 @@ struct Record {
     };
     // What Dato(1) was shown from. Showing rounds, so that the figure, as long as it stands, goes out as this count.
     std::optional<Shown> shown;
-    // What was last written to the working copy since the cell was read; nothing: it is as read.
+    // What was last sent to the working copy since the cell was read; nothing: it is as read.
     std::optional<std::uint32_t> tried;
     const Row* row = nullptr;
 };

@@ -544,25 +544,78 @@ TEST(PageCycle, WhatABrokenStoreLeftInTheUnitIsPutBackOnLeaving) {
         EXPECT_EQ(rig.Live(39), 6200);
         EXPECT_FALSE(rig.Page().IsOpen());
     }
-    PageRig rig("Imposta");
-    rig.Open(0);
-    rig.Choose("TipoCommu", 0);
-    rig.Enter("ValCom(1)", "2500");
-    rig.Sim("misbehave refuse command S once at frame 4");
-    rig.Chain("InMemor");
-    EXPECT_EQ(rig.Word(3146), 2500);
-    ASSERT_TRUE((rig.Forget(), rig.Press("Esci").ok));
-    EXPECT_EQ(rig.State(), 116);
-    ASSERT_TRUE(rig.Finish());
-    EXPECT_EQ(rig.Word(3146), 2000);
-    EXPECT_FALSE(rig.Page().IsOpen());
+}
 
-    rig.Open(0);
-    rig.Enter("ValCom(1)", "2500");
-    rig.Chain("InMemor");
-    rig.Forget();
-    ASSERT_TRUE(rig.Press("Esci").ok);
-    EXPECT_EQ(rig.sent, Frames{}) << "what a whole store left is there to stay";
+// A broken store of the settings stands in the memory, as what was tried does: only a trial is taken back.
+TEST(PageCycle, LeavingTheSettingsTakesBackATrialAlone) {
+    struct Case {
+        std::vector<const char*> presses;
+        int word;  // in the memory afterwards
+        std::size_t frames;
+    };
+    for (const Case& c :
+         {Case{{"InMemor"}, 2500, 0}, Case{{"Applica(0)", "InMemor"}, 2000, 12}, Case{{"Applica(0)"}, 2000, 12},
+          Case{{"Applica(0)", "Applica(1)"}, 2000, 0}, Case{{"Applica(0)", "Applica(1)", "InMemor"}, 2500, 0}}) {
+        PageRig rig("Imposta");
+        rig.Open(0);
+        rig.Choose("TipoCommu", 0);
+        rig.Enter("ValCom(1)", "2500");
+        for (const char* button : c.presses) {
+            if (std::string(button) == "InMemor") rig.Sim("misbehave refuse command S once at frame 4");
+            rig.Chain(button);
+        }
+        ASSERT_TRUE((rig.Forget(), rig.Press("Esci").ok));
+        EXPECT_EQ(rig.State(), c.frames > 0 ? 116 : eculink::Idle);
+        ASSERT_TRUE(rig.Finish());
+        EXPECT_EQ(rig.sent.size(), c.frames) << c.presses.size() << c.presses.back();
+        EXPECT_EQ(rig.Word(3146), c.word) << c.presses.size() << c.presses.back();
+        EXPECT_FALSE(rig.Page().IsOpen());
+    }
+}
+
+// What the working copies were last sent decides, not which button was pressed.
+TEST(PageCycle, LeavingSendsNothingWhenTheUnitRunsWithItsInitialValues) {
+    struct Step {
+        const char* button;  // null: an edit of ValFG(0)
+        const char* figure;
+    };
+    struct Case {
+        std::vector<Step> steps;
+        Frames frames;
+    };
+    const Step apply{"Applica(0)", nullptr};
+    const Step back{"Applica(1)", nullptr};
+    const auto type = [](const char* figure) { return Step{nullptr, figure}; };
+    for (const Case& c : {Case{{type("6200"), apply}, {}}, Case{{type("6200"), apply, back}, {}},
+                          Case{{type("6000"), apply, back, type("6200")}, {}},
+                          Case{{type("6000"), apply, back}, OldSpeeds}, Case{{type("6000"), type("6200")}, {}},
+                          Case{{type("6000"), apply, type("6200")}, OldSpeeds},
+                          Case{{type("6000"), apply, {"InMemor", nullptr}}, {}}}) {
+        PageRig rig("MessaP");
+        rig.Open(6);
+        for (const Step& step : c.steps) {
+            if (step.button != nullptr) {
+                rig.Chain(step.button);
+            } else {
+                rig.Enter("ValFG(0)", step.figure);
+            }
+        }
+        ASSERT_TRUE((rig.Forget(), rig.Press("Esci").ok));
+        ASSERT_TRUE(rig.Finish());
+        EXPECT_EQ(rig.sent, c.frames) << c.steps.size();
+        EXPECT_FALSE(rig.Page().IsOpen());
+    }
+    // A silent frame may have been taken, or not.
+    for (const bool initial : {false, true}) {
+        PageRig rig("MessaP");
+        rig.Open(6);
+        rig.Enter("ValFG(0)", "6000");
+        if (initial) rig.Chain("Applica(0)");
+        rig.Sim("misbehave silence command W once");
+        rig.Chain(initial ? "Applica(1)" : "Applica(0)");
+        rig.Enter("ValFG(0)", "6200");
+        EXPECT_EQ(rig.Chain("Esci"), OldSpeeds) << initial;
+    }
 }
 
 // The trial of a parameter without a working copy is in the memory, and the page says so.
