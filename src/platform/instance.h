@@ -10,7 +10,7 @@ class Instance {
     enum class Claim { Mine, Taken, Unwritable };
 
     virtual ~Instance() = default;
-    // Unwritable: nobody can tell, because the folder cannot be written.
+    // Unwritable: the folder cannot be written; it is claimed all the same where it can be opened.
     virtual Claim TryClaim(const std::filesystem::path& folder) = 0;
 };
 

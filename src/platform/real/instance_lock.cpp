@@ -41,17 +41,31 @@ void InstanceLock::Release() {
 
 #else
 
+namespace {
+
+// The lock may be another user's, or nobody may write the folder: to hold it no right to write is needed, and where no
+// file can be made the folder itself serves.
+int OpenLock(const std::filesystem::path& file) {
+    for (const int flags : {O_RDONLY | O_CREAT, O_RDONLY}) {
+        const int handle = open(file.c_str(), flags | O_CLOEXEC, 0644);
+        if (handle >= 0) return handle;
+    }
+    return open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+}
+
+}  // namespace
+
 Instance::Claim InstanceLock::TryClaim(const std::filesystem::path& folder) {
     Release();
     file_ = folder / LockName;
-    const int handle = open(file_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    const int handle = OpenLock(file_);
     if (handle < 0) return Claim::Unwritable;
     if (flock(handle, LOCK_EX | LOCK_NB) != 0) {
         close(handle);
         return Claim::Taken;
     }
     handle_ = handle;
-    return Claim::Mine;
+    return access(folder.c_str(), W_OK) == 0 ? Claim::Mine : Claim::Unwritable;
 }
 
 void InstanceLock::Release() {
