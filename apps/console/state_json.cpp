@@ -21,9 +21,10 @@ Json OfTimers(const program::Program& program) {
     return out;
 }
 
-Json OfPort(const platform::SerialPort& port) {
+Json OfPort(const eculink::Link& link) {
+    const platform::SerialPort& port = link.shell.host.port;
     // A device's name is the system's own, in UTF-8 already.
-    return {{"open", port.PortOpen()}, {"device", port.Device()}, {"settings", Text(port.Settings())}};
+    return {{"open", port.PortOpen()}, {"device", port.Device()}, {"settings", Text(link.state.lineSettings)}};
 }
 
 // A running limit by view; none before the first figure.
@@ -47,7 +48,7 @@ Json OfState(const program::Program& program) {
         out[std::string(variable.name)] = std::visit(ToJson{}, variable.get(program));
     }
     out["timers"] = OfTimers(program);
-    out["port"] = OfPort(program.shell.host.port);
+    out["port"] = OfPort(program.link);
     return out;
 }
 

@@ -51,7 +51,10 @@ RunningLabel::RunningLabel(QWidget* parent, bool isShort) : QWidget(parent), sho
 }
 
 void RunningLabel::Show(const pages::Control& control, const Look&) {
-    SetText(Printable(Words(control.Text())));
+    // Of a backlog its end tells more than its beginning, and there is room for neither.
+    constexpr std::size_t shown = 256;
+    const std::string& text = control.Text();
+    SetText(Printable(Words(text.size() > shown ? text.substr(text.size() - shown) : text)));
 }
 
 void RunningLabel::SetText(const QString& text) {

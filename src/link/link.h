@@ -49,12 +49,10 @@ struct State {
     std::int64_t bytesReceived = 0;   // since the port was opened
     std::int64_t framesReceived = 0;  // of a valid live form, since the port was opened
     std::int64_t lastByteAt = 0;      // ms
-    std::int64_t lastFrameAt = 0;     // ms; of a valid live form, or since when they are watched for
-    bool streamBroken = false;        // it was silent for 4 s or more since it has been watched
     int unanswered = 0;               // identifications in a row without a reply
     bool heard = false;               // a unit has been recognised since the start of the program
+    std::string lineSettings;         // as the port was last asked to be set, whether it took them or not
     bool portFailed = false;          // the last opening failed
-    bool portBarred = false;          // since it did: the device was absent, forbidden or busy
     std::string shownPort;            // what the words of the link last stood for
     int shownWord = -1;
 };
@@ -102,7 +100,8 @@ struct Link {
     Catalogue catalogue;
     LiveHooks live;
     LossHooks loss;
-    Trace trace;
+    Trace trace;  // hears each frame that is sent, and each that is taken out of the buffer
+    std::function<void(std::string_view bytes)> tap;  // hears the line as it arrives
     LinkTimers timers;
     Grafici grafici{*this};
 };

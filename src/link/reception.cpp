@@ -5,6 +5,7 @@
 
 #include "link/frames/build.h"
 #include "link/frames/numbers.h"
+#include "link/frames/popper.h"
 #include "link/lamps.h"
 #include "link/link.h"
 #include "link/transaction.h"
@@ -21,10 +22,8 @@ using frames::IsNumeric;
 using frames::Stx;
 using frames::ValoreNum;
 
-constexpr std::size_t Unfinished = 1U << 20U;  // more waiting text than this, without a whole frame, is cut down
-constexpr std::size_t LongestFrame = 4096;     // beyond any frame that a unit sends
-constexpr int StoredPoints = 1;                // of the sensor line: those in the unit's image
-constexpr int MapLearning = 5;                 // the calibration step that works with pressures in mbar
+constexpr int StoredPoints = 1;  // of the sensor line: those in the unit's image
+constexpr int MapLearning = 5;   // the calibration step that works with pressures in mbar
 
 struct ParityRow {
     std::string_view text;
@@ -46,37 +45,8 @@ std::string PortSettings(const shell::SerialTexts& serial) {
     return settings + Format0(ValoreNum(serial.dataBits)) + "," + Trimmed(serial.stopBits);
 }
 
-// Text in which no frame begins is dropped; what began last may still become one and stays, unless it never ends.
-void BoundBuffer(std::string& buffer) {
-    if (buffer.size() <= Unfinished) return;
-    const std::size_t first = buffer.find(Stx);
-    if (first != std::string::npos && buffer.find(Etx, first) != std::string::npos) return;
-    const std::size_t last = buffer.rfind(Stx);
-    buffer = last == std::string::npos ? std::string() : buffer.substr(last, LongestFrame);
-}
-
-// Takes the next frame out of the buffer; false when it holds no complete one. Only what stands behind the last STX of
-// a frame counts: one that was broken off in the middle is skipped.
-bool PopFrame(std::string& buffer, std::string& frame) {
-    const std::size_t start = buffer.find(Stx);
-    if (start == std::string::npos) return false;
-    buffer.erase(0, start);
-    const std::size_t end = buffer.find(Etx);
-    if (end == std::string::npos) return false;
-    frame.assign(buffer, 0, end + 1);
-    buffer.erase(0, end + 1);
-    frame.erase(0, frame.rfind(Stx));
-    return true;
-}
-
 bool IsLive(const std::string& frame) {
     return frame.size() > 1 && frame[1] == 'D';
-}
-
-void ShowBuffer(Link& link) {
-    constexpr std::size_t Shown = 256;  // of a backlog its end tells more than its beginning
-    const std::string& buffer = link.state.BufferRx;
-    link.shell.main.Label1.SetText(buffer.substr(buffer.size() - std::min(buffer.size(), Shown)));
 }
 
 void Dispatch(Link& link, const std::string& frame) {
@@ -96,7 +66,8 @@ bool OpenPort(Link& link) {
     link.state.framesReceived = 0;
     link.state.lastByteAt = NowMs(link);
     if (number > 0) port.SetDevice(shell::DeviceOfPort(link.shell, number));
-    const bool legal = number > 0 && port.SetSettings(PortSettings(link.shell.state.serial));
+    link.state.lineSettings = PortSettings(link.shell.state.serial);
+    const bool legal = number > 0 && port.SetSettings(link.state.lineSettings);
     const bool open = legal && port.Open();
     if (!open && port.PortOpen()) port.Close();
     link.state.portFailed = !open;
@@ -104,25 +75,19 @@ bool OpenPort(Link& link) {
     return open;
 }
 
-// Whether it can be seen from outside why the port does not open.
-bool PortBarred(const Link& link) {
-    platform::PortProbe& probe = link.shell.host.probe;
-    const std::string device = link.shell.host.port.Device();
-    const platform::PortFacts facts = probe.Look(device);
-    return !facts.present || !facts.permitted || !probe.HolderOf(device).empty();
-}
-
 }  // namespace
 
+// A device that was absent, forbidden or busy is tried again once nothing that can be seen from outside stands against
+// it. One that cannot be set as it should is left alone.
 void OpenAgain(Link& link) {
-    const bool barred = PortBarred(link);
-    if (!barred && link.state.portBarred) OpenPort(link);
-    link.state.portBarred = link.state.portBarred || barred;
+    platform::SerialPort& port = link.shell.host.port;
+    if (port.Fault() == platform::PortFault::Failed) return;
+    const platform::PortFacts facts = link.shell.host.probe.Look(port.Device());
+    if (facts.present && facts.permitted) OpenPort(link);
 }
 
 int ApriPorta(Link& link) {
     if (OpenPort(link)) return 0;
-    link.state.portBarred = PortBarred(link);
     link.shell.Beep();
     link.shell.systemMessage.Show(link.shell.TestoLingua("TITOLO_1", "ERRORI"),
                                   link.shell.TestoLingua("ERRORE_2", "ERRORI"));
@@ -134,7 +99,8 @@ void Received(Link& link) {
     link.state.BufferRx += bytes;
     link.state.bytesReceived += static_cast<std::int64_t>(bytes.size());
     link.state.lastByteAt = NowMs(link);
-    BoundBuffer(link.state.BufferRx);
+    frames::BoundText(link.state.BufferRx);
+    if (link.tap) link.tap(bytes);
 }
 
 void EstraiFrame(Link& link) {
@@ -142,8 +108,8 @@ void EstraiFrame(Link& link) {
     if (platform::Trim(buffer).empty()) return;
     std::string frame;
     while (true) {
-        ShowBuffer(link);
-        if (!PopFrame(buffer, frame)) break;
+        link.shell.main.Label1.SetText(buffer);
+        if (!frames::TakeFrame(buffer, frame)) break;
         if (link.trace) link.trace(Direction::Received, frame);
         if (!IsLive(frame)) break;
         if (link.shell.state.TipoComputer == 1) break;
@@ -276,30 +242,14 @@ void HandOn(Link& link) {
     if (link.live.AddSample) link.live.AddSample();
 }
 
-// Another unit may have been put on while nothing was heard.
-void NoteFrame(Link& link) {
-    link.state.streamBroken = StreamBroken(link);
-    link.state.lastFrameAt = NowMs(link);
-    ++link.state.framesReceived;
-}
-
 }  // namespace
-
-void WatchStream(Link& link) {
-    link.state.streamBroken = false;
-    link.state.lastFrameAt = NowMs(link);
-}
-
-bool StreamBroken(const Link& link) {
-    return link.state.streamBroken || NowMs(link) - link.state.lastFrameAt >= StreamLimit;
-}
 
 void FrameDati(Link& link, const std::string& frame) {
     if (frame.size() != ShortFrame && frame.size() != LongFrame) return MarkBadFrame(link);
     State& state = link.state;
     link.timers.TimeOutDati->SetEnabled(false);
     state.DatiLunghi = frame.size() == LongFrame ? 1 : 0;
-    NoteFrame(link);
+    ++link.state.framesReceived;
     MarkGoodFrame(link);
     TakeFields(link, frame);
     if (state.CentralinaDaRiconoscere == shell::True) {

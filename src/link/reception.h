@@ -19,11 +19,6 @@ void EstraiFrame(Link& link);
 // A live frame, whole, STX and ETX included.
 void FrameDati(Link& link, const std::string& frame);
 
-// Watches, from now on, whether the stream falls silent for as long as a lost one; and whether it has since then. For a
-// time in which the stream's own watchdog is off.
-void WatchStream(Link& link);
-bool StreamBroken(const Link& link);
-
 // The superseding of live frames: with more than this waiting, a slow computer skips to the newest.
 inline constexpr std::size_t StaleLimit = 240;
 

@@ -17,7 +17,8 @@ constexpr std::int64_t FreshBytes = 3000;  // ms; older ones say nothing about t
 // Everything that the checks look at, gathered once.
 struct Facts {
     platform::PortFacts port;
-    std::string holder;  // of a port that failed
+    bool busy;           // the system does not give the device, though it is there and may be used
+    std::string holder;  // of a busy device, as far as it can be seen
     const Link& link;
     std::int64_t silentFor;  // ms since the last byte
 };
@@ -40,11 +41,11 @@ std::string User(const Facts& facts) {
     return facts.port.user;
 }
 std::string Holder(const Facts& facts) {
-    return facts.holder;
+    return facts.holder.empty() ? facts.link.shell.TestoLingua("ALTRO.0", "ATTESA") : facts.holder;
 }
 std::string Settings(const Facts& facts) {
     const shell::SerialTexts& s = facts.link.shell.state.serial;
-    return s.baud + " " + s.parity + " " + s.dataBits + " " + s.stopBits;
+    return s.baud + " " + shell::ParityWord(facts.link.shell) + " " + s.dataBits + " " + s.stopBits;
 }
 std::string Bytes(const Facts& facts) {
     return std::to_string(facts.link.state.bytesReceived);
@@ -64,7 +65,7 @@ bool Hears(const Facts& facts) {
 constexpr std::array<Check, 7> Checks{{
     {Obstacle::PortAbsent, 0, [](const Facts& f) { return !f.port.present; }, Device, Device},
     {Obstacle::NoRights, 1, [](const Facts& f) { return !f.port.permitted; }, Device, Group},
-    {Obstacle::Busy, 2, [](const Facts& f) { return !f.holder.empty(); }, Device, Holder},
+    {Obstacle::Busy, 2, [](const Facts& f) { return f.busy; }, Device, Holder},
     {Obstacle::NotOpened, 6, [](const Facts& f) { return f.link.state.portFailed; }, Device, Settings},
     {Obstacle::Unanswered, 5, [](const Facts& f) { return f.link.state.unanswered > 0 && Hears(f); }, Unanswered,
      Device},
@@ -76,8 +77,9 @@ constexpr std::array<Check, 7> Checks{{
 Facts Gather(const Link& link) {
     const std::string device = link.shell.host.port.Device();
     platform::PortProbe& probe = link.shell.host.probe;
-    return {probe.Look(device), link.state.portFailed ? probe.HolderOf(device) : std::string(), link,
-            NowMs(link) - link.state.lastByteAt};
+    const platform::PortFacts port = probe.Look(device);
+    const bool busy = port.present && port.permitted && link.shell.host.port.Fault() == platform::PortFault::Refused;
+    return {port, busy, busy ? probe.HolderOf(device) : std::string(), link, NowMs(link) - link.state.lastByteAt};
 }
 
 const Check* FirstThatHolds(const Facts& facts) {

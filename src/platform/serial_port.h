@@ -9,6 +9,14 @@ namespace platform {
 // The one value of the port's event that means that data has arrived.
 inline constexpr int EventReceived = 2;
 
+// Why the device of a port does not work now.
+enum class PortFault {
+    None,
+    Absent,   // there is no such device, or it has been pulled out
+    Refused,  // the system does not give it: no rights, or another program holds it
+    Failed,   // it cannot be set as the settings say, or is no serial line
+};
+
 // An asynchronous serial line. Nothing is thrown; an operation that cannot be done answers false.
 // A device that vanishes while open is silence: PortOpen stays true, Output answers false, and the line works again by
 // itself when the device comes back.
@@ -27,6 +35,8 @@ class SerialPort {
     virtual bool Open() = 0;
     virtual void Close() = 0;
     virtual bool PortOpen() const = 0;
+    // Of the last opening, and of a device that has vanished since, of the last look for it; None while it works.
+    virtual PortFault Fault() const = 0;
     // Everything received so far; taken out of the port by the call.
     virtual std::string Input() = 0;
     virtual bool Output(std::string_view bytes) = 0;

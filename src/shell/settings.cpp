@@ -157,6 +157,15 @@ std::string DeviceOfPort(Shell& shell, int port) {
     return platform::ToUtf8(ReadMarlo(shell, "PORTE", name.c_str(), own.c_str()));
 }
 
+std::string ParityWord(const Shell& shell) {
+    const std::string& parity = shell.state.serial.parity;
+    for (std::size_t i = 0; i < Parities.size(); ++i) {
+        if (platform::EqualsIgnoringCase(Parities[i], platform::Trim(parity)))
+            return shell.TestoLingua("TIPO." + std::to_string(i), "PARITA");
+    }
+    return parity;
+}
+
 int PortNumber(const Shell& shell) {
     constexpr std::size_t Prefix = 3;  // "COM"
     constexpr double Highest = 32767;

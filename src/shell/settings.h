@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,11 @@ bool WriteMarlo(Shell& shell, const char* section, const char* key, const std::s
 // Keys of the serial line into CONFIG.INI, in one write.
 bool WriteSerial(Shell& shell, const std::vector<platform::IniValue>& values);
 bool MarloExists(Shell& shell);
+
+// The parities as CONFIG.INI names them, in the order of the list.
+inline constexpr std::array<const char*, 3> Parities{"NESSUNA", "PARI", "DISPARI"};
+// The chosen parity in the words of the language; a text that names none stands as it is.
+std::string ParityWord(const Shell& shell);
 
 // Highest number of a port that can be chosen.
 inline constexpr int Ports = 10;

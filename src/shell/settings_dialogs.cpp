@@ -16,8 +16,7 @@ namespace {
 constexpr std::array<const char*, 4> BaudRates{"4800", "9600", "19200", "38400"};
 constexpr std::array<const char*, 2> DataBits{"7", "8"};
 constexpr std::array<const char*, 3> StopBits{"1", "1.5", "2"};
-constexpr std::array<const char*, 3> Parities{"NESSUNA", "PARI", "DISPARI"};  // as CONFIG.INI names them
-constexpr std::array<const char*, 2> Resolutions{"0", "1"};                   // full, reduced
+constexpr std::array<const char*, 2> Resolutions{"0", "1"};  // full, reduced
 
 template <class Texts>
 std::vector<std::string> Items(const Texts& texts) {

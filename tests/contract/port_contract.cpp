@@ -115,10 +115,12 @@ TEST_P(PortContract, ADeviceThatIsGoneCannotBeOpened) {
     port_.SetDevice(machine_->Device());
     ASSERT_TRUE(port_.SetSettings(Settings));
     EXPECT_FALSE(port_.Open());
+    EXPECT_EQ(port_.Fault(), platform::PortFault::Absent);
     EXPECT_FALSE(port_.PortOpen());
     EXPECT_FALSE(port_.Output(Frame));
     machine_->Return();
     EXPECT_TRUE(port_.Open());
+    EXPECT_EQ(port_.Fault(), platform::PortFault::None);
 }
 
 TEST_P(PortContract, ADeviceThatVanishesIsSilentAndWorksAgainWhenItIsBack) {
@@ -129,10 +131,12 @@ TEST_P(PortContract, ADeviceThatVanishesIsSilentAndWorksAgainWhenItIsBack) {
         machine_->Vanish();
         EXPECT_TRUE(machine_->RunUntil([&] { return !port_.Output("x"); }));
         EXPECT_TRUE(port_.PortOpen());
+        EXPECT_EQ(port_.Fault(), platform::PortFault::Absent);
         machine_->RunShortly();
         EXPECT_EQ(received_, "");
         machine_->Return();
         EXPECT_TRUE(machine_->RunUntil([&] { return port_.Output(Frame); }));
+        EXPECT_EQ(port_.Fault(), platform::PortFault::None);
         EXPECT_TRUE(FarHeard(Frame));
     }
 }

@@ -77,14 +77,6 @@ TEST(EstraiFrame, KeepsTextUntilAFrameBeginsAndDropsItThen) {
     EXPECT_EQ(l.State().BufferRx, "tail");
 }
 
-TEST(EstraiFrame, ShowsTheEndOfWhatWaitsAndKeepsAllOfIt) {
-    Listener l;
-    l.Receive(std::string(900, 'a') + std::string(256, 'z'));
-    EXPECT_EQ(l.Look(), Heard{});
-    EXPECT_EQ(l.State().BufferRx.size(), 1156U);
-    EXPECT_EQ(l.Shell().main.Label1.Text(), std::string(256, 'z'));
-}
-
 TEST(EstraiFrame, WaitsForTheEndOfAFrameHoweverItIsSplit) {
     Listener l;
     const std::string frame = Live(7);

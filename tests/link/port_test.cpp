@@ -119,32 +119,34 @@ TEST(Port, WorksWithoutAWordWhenTheDeviceComesLater) {
 }
 
 TEST(Port, IsOpenedAgainOnlyAfterItWasAbsentForbiddenOrBusy) {
+    using platform::PortFault;
     struct Case {
         const char* name;
         platform::PortFacts facts;
-        const char* holder;
+        PortFault fault;
         const char* parity;
         bool again;
     };
-    for (const Case& c : {Case{"absent", {false, true, "", ""}, "", "Nessuna", true},
-                          Case{"forbidden", {true, false, "", ""}, "", "Nessuna", true},
-                          Case{"busy", {true, true, "", ""}, "altro", "Nessuna", true},
-                          Case{"nothing to be seen", {true, true, "", ""}, "", "Nessuna", false},
-                          Case{"settings that no port takes", {false, true, "", ""}, "", "N", false}}) {
+    for (const Case& c :
+         {Case{"absent", {false, true, "", ""}, PortFault::Absent, "Nessuna", true},
+          Case{"forbidden", {true, false, "", ""}, PortFault::Refused, "Nessuna", true},
+          Case{"busy", {true, true, "", ""}, PortFault::Refused, "Nessuna", true},
+          Case{"a line that cannot be set so", {true, true, "", ""}, PortFault::Failed, "Nessuna", false},
+          Case{"settings that no port takes", {true, true, "", ""}, PortFault::Refused, "N", false}}) {
         Wired w;
         w.AddLanguages();
         w.WriteFile("CONFIG.INI", w.Config(std::string("PARITA=") + c.parity + "\r\n"));
         w.host.probe.facts = c.facts;
-        w.host.probe.holder = c.holder;
-        w.host.line.RefuseOpening(true);
+        w.host.line.RefuseOpening(c.fault);
         w.Start();
         EXPECT_EQ(w.Link().timers.Reopening->Enabled(), std::string(c.parity) != "N") << c.name;
-        w.host.probe.facts = {};
-        w.host.probe.holder.clear();
         w.Run(5000);
-        w.host.line.RefuseOpening(false);
+        EXPECT_FALSE(w.Port().PortOpen()) << c.name;
+        w.host.probe.facts = {};
+        w.host.line.RefuseOpening(PortFault::None);
         w.Run(2000);
         EXPECT_EQ(w.Port().PortOpen(), c.again) << c.name;
+        EXPECT_EQ(w.host.sound.beeps, 1) << c.name;
         if (!c.again) continue;
         EXPECT_FALSE(w.Link().timers.Reopening->Enabled()) << c.name;
         const int searches = w.host.probe.searches;
@@ -172,7 +174,7 @@ TEST(Port, IsSilentWhileItsCableIsPulledAndHearsAgain) {
 
 TEST(Waiting, SaysWhyNoUnitIsHeardWorstFirst) {
     Wired w;
-    w.host.line.RefuseOpening(true);
+    w.host.line.RefuseOpening(platform::PortFault::Refused);
     w.host.probe.facts = {false, false, "dialout", "mario"};
     w.host.probe.holder = "altro";
     w.Start();
@@ -189,14 +191,18 @@ TEST(Waiting, SaysWhyNoUnitIsHeardWorstFirst) {
     EXPECT_TRUE(w.Says(2, "/dev/ttyS0", "altro"));
     w.host.probe.holder.clear();
     w.Run(1000);
-    EXPECT_TRUE(w.Says(6, "/dev/ttyS0", "38400 Nessuna 8 1"));
-    w.host.line.RefuseOpening(false);
+    EXPECT_TRUE(w.Says(2, "/dev/ttyS0", w.Text("ALTRO.0", "ATTESA")));
+    w.host.line.RefuseOpening(platform::PortFault::Failed);
+    w.Run(1000);
+    EXPECT_TRUE(w.Says(6, "/dev/ttyS0", "38400 " + w.Text("TIPO.0", "PARITA") + " 8 1"));
+    w.host.line.RefuseOpening(platform::PortFault::None);
+    EXPECT_EQ(ApriPorta(w.Link()), 0);
     w.Run(5000);
     EXPECT_EQ(FindObstacle(w.Link()), Obstacle::Silent);
-    EXPECT_TRUE(w.Says(3, "4", "/dev/ttyS0"));
+    EXPECT_TRUE(w.Says(3, "5", "/dev/ttyS0"));
     w.Receive("noise without any frame");
     w.Run(1000);
-    EXPECT_TRUE(w.Says(4, "23", "38400 Nessuna 8 1"));
+    EXPECT_TRUE(w.Says(4, "23", "38400 " + w.Text("TIPO.0", "PARITA") + " 8 1"));
     w.State().unanswered = 2;
     w.Receive("noise");
     w.Run(1000);

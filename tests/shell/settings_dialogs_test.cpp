@@ -182,14 +182,14 @@ TEST(ConfSer, StaysOpenWhenThePortCannotBeOpened) {
     w.Open(1);
     ConfSer& page = w.Shell().confSer;
     w.Choose(page.Seriali, 1);
-    w.host.line.RefuseOpening(true);
+    w.host.line.RefuseOpening(platform::PortFault::Failed);
     w.Stack().Press(page.Salva);
     EXPECT_TRUE(w.IsOpen("SystemMessage"));
     w.Stack().Press(w.Shell().systemMessage.OK);
     EXPECT_TRUE(page.IsOpen());
     EXPECT_FALSE(w.host.line.Port().PortOpen());
     EXPECT_FALSE(page.Changed()) << "the file holds what was edited";
-    w.host.line.RefuseOpening(false);
+    w.host.line.RefuseOpening(platform::PortFault::None);
     w.Stack().Press(page.Salva);
     EXPECT_FALSE(page.IsOpen());
     EXPECT_TRUE(w.host.line.Port().PortOpen());

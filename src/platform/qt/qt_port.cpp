@@ -62,6 +62,11 @@ bool IsLoss(QSerialPort::SerialPortError error) {
     }
 }
 
+PortFault FaultOf(QSerialPort::SerialPortError error) {
+    if (error == QSerialPort::DeviceNotFoundError) return PortFault::Absent;
+    return error == QSerialPort::PermissionError ? PortFault::Refused : PortFault::Failed;
+}
+
 // Drops what the driver has received; so many bytes come all the same and are to be dropped as they come. The event
 // loop may be about to fetch them, and a port that finds nothing there takes its device for lost.
 std::size_t DropReceived(QSerialPort& port) {
@@ -109,6 +114,7 @@ bool QtPort::Open() {
 
 void QtPort::Close() {
     open_ = false;
+    fault_ = PortFault::None;
     loss_.stop();
     retry_.stop();
     CloseDevice();
@@ -140,7 +146,9 @@ bool QtPort::OpenDevice() {
     port_.setStopBits(StopBitsOf(lineSettings_.halfStopBits));
     port_.setFlowControl(QSerialPort::NoFlowControl);
     dropped_ = 0;
-    if (!port_.open(QIODevice::ReadWrite)) return false;
+    const bool opened = port_.open(QIODevice::ReadWrite);
+    fault_ = opened ? PortFault::None : FaultOf(port_.error());
+    if (!opened) return false;
     port_.clear();  // what a line has gathered while nobody listened is no answer to anything
     return true;
 }
@@ -171,6 +179,7 @@ void QtPort::Vanish() {
     Receive();
     if (!open_) return;  // whoever got the last bytes may have closed the port
     CloseDevice();
+    fault_ = PortFault::Absent;
     loss_.stop();  // closing a dead device fails once more
     retry_.start();
 }

@@ -32,6 +32,7 @@ class QtPort : public SerialPort {
     bool Open() override;
     void Close() override;
     bool PortOpen() const override { return open_; }
+    PortFault Fault() const override { return fault_; }
     std::string Input() override;
     // False also when the device has taken nothing for so long that 64 KiB wait for it.
     bool Output(std::string_view bytes) override;
@@ -54,6 +55,7 @@ class QtPort : public SerialPort {
     std::size_t dropped_ = 0;  // so many of the next bytes were still with the driver when they were dropped
     Event event_;
     bool open_ = false;
+    PortFault fault_ = PortFault::None;
     QSerialPort port_;
     QTimer loss_;
     QTimer retry_;

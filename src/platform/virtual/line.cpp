@@ -38,9 +38,14 @@ bool Line::Port_::SetSettings(std::string_view settings) {
 }
 
 bool Line::Port_::Open() {
-    open_ = !settings_.empty() && !line_.refuse_ && line_.present_;
+    fault_ = line_.present_ ? line_.refusal_ : PortFault::Absent;
+    open_ = !settings_.empty() && fault_ == PortFault::None;
     if (open_) received_.clear();
     return open_;
+}
+
+PortFault Line::Port_::Fault() const {
+    return open_ && !line_.present_ ? PortFault::Absent : fault_;
 }
 
 std::string Line::Port_::Input() {

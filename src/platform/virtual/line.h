@@ -25,8 +25,8 @@ class Line {
     LineEnd& Far() { return far_; }
     void SetPace(Pace pace) { pace_ = pace; }
 
-    // Faults, for tests: a port that refuses to open, a device that is gone.
-    void RefuseOpening(bool refuse) { refuse_ = refuse; }
+    // Faults, for tests: a port that does not open (None: it does), a device that is gone.
+    void RefuseOpening(PortFault fault) { refusal_ = fault; }
     void SetPresent(bool present) { present_ = present; }
     const std::string& Sent() const { return sent_; }  // all that the program has written since the start
     void ForgetSent() { sent_.clear(); }
@@ -42,6 +42,7 @@ class Line {
         bool Open() override;
         void Close() override { open_ = false; }
         bool PortOpen() const override { return open_; }
+        PortFault Fault() const override;
         std::string Input() override;
         bool Output(std::string_view bytes) override;
         void ClearInput() override { received_.clear(); }
@@ -57,6 +58,7 @@ class Line {
         LineSettings line_settings_;
         Event event_;
         bool open_ = false;
+        PortFault fault_ = PortFault::None;  // of the last opening
     };
     class Far_ : public LineEnd {
       public:
@@ -85,7 +87,7 @@ class Line {
     std::string sent_;
     std::int64_t toPort_ = 0;
     std::int64_t toFar_ = 0;
-    bool refuse_ = false;
+    PortFault refusal_ = PortFault::None;
     bool present_ = true;
 };
 

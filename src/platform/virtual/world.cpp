@@ -105,16 +105,28 @@ std::int64_t World::NextDue() const {
     return queue_.empty() ? Never : queue_.top().due;
 }
 
+void World::RunNext() {
+    Entry entry = queue_.top();
+    queue_.pop();
+    now_ = std::max(now_, entry.due);
+    entry.action();
+}
+
 void World::RunUntil(std::int64_t micros) {
     running_ = true;
-    while (!queue_.empty() && queue_.top().due <= micros) {
-        Entry entry = queue_.top();
-        queue_.pop();
-        now_ = std::max(now_, entry.due);
-        entry.action();
-    }
+    while (NextDue() <= micros) RunNext();
     running_ = false;
     now_ = std::max(now_, micros);
+}
+
+void World::RunOne(std::int64_t micros) {
+    running_ = true;
+    if (NextDue() <= micros) {
+        RunNext();
+    } else {
+        now_ = std::max(now_, micros);
+    }
+    running_ = false;
 }
 
 }  // namespace platform::virt

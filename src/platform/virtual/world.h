@@ -46,6 +46,8 @@ class World : public Clock, public Timers {
     std::int64_t NextDue() const;
     // Runs everything that is due up to that moment, in order, and leaves the clock there.
     void RunUntil(std::int64_t micros);
+    // Runs the next thing that is due up to that moment; with nothing due the clock moves there.
+    void RunOne(std::int64_t micros);
     void RunFor(std::int64_t milliseconds) { RunUntil(now_ + milliseconds * 1000); }
 
   private:
@@ -59,6 +61,8 @@ class World : public Clock, public Timers {
             return a.due != b.due ? a.due > b.due : a.sequence > b.sequence;
         }
     };
+
+    void RunNext();
 
     std::int64_t now_ = 0;
     std::int64_t sequence_ = 0;

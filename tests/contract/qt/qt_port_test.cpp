@@ -70,6 +70,23 @@ TEST(QtPort, DroppingBytesThatTheEventLoopIsAboutToFetchLosesNeitherTheDeviceNor
     EXPECT_EQ(received, "new");
 }
 
+TEST(QtPort, ADeviceThatAnotherPortHoldsIsRefusedUntilItIsFree) {
+    const platform::qt::AfterEvent after;
+    const PseudoTerminal terminal;
+    platform::qt::QtPort holder(after, NoRetry);
+    platform::qt::QtPort port(after, NoRetry);
+    for (platform::qt::QtPort* each : {&holder, &port}) {
+        each->SetDevice(terminal.Device());
+        ASSERT_TRUE(each->SetSettings("38400,N,8,1"));
+    }
+    ASSERT_TRUE(holder.Open());
+    EXPECT_FALSE(port.Open());
+    EXPECT_EQ(port.Fault(), platform::PortFault::Refused);
+    holder.Close();
+    EXPECT_TRUE(port.Open());
+    EXPECT_EQ(port.Fault(), platform::PortFault::None);
+}
+
 }  // namespace
 
 }  // namespace contract
