@@ -26,19 +26,11 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-// The code names a file: digits alone may stand in it.
-bool AllDigits(std::string_view text) {
-    for (const char c : text) {
-        if (!IsDigit(c)) return false;
-    }
-    return !text.empty();
-}
-
 std::string ReadCode(std::string_view image) {
     const std::string text = Characters(image, CodeCell, CodeBytes);
     const std::string digit = Characters(image, CodeDigitCell, 1);
     const std::string_view code = platform::Trim(text);
-    return AllDigits(code) && AllDigits(digit) ? std::string(code) + "_" + digit : NoCode;
+    return frames::IsNumeric(code) && IsDigit(digit.front()) ? std::string(code) + "_" + digit : NoCode;
 }
 
 int TwoDigits(std::string_view text, std::size_t at) {

@@ -21,11 +21,16 @@ InEEPROM::InEEPROM(Memory& owner) : Page("InEEPROM"), memory_(owner) {
     };
     FlowEvents& events = EventsOf(memory_, Flow::Erasing);
     events.progress = [this](int address) {
-        Segnalazione.SetText(ProgressText(memory_.link.shell.TestoLingua("SEGNALAZIONE_3", Section), address));
+        Segnalazione.Say(pages::Tone::Progress,
+                         ProgressText(memory_.link.shell.TestoLingua("SEGNALAZIONE_3", Section), address));
+        Avanzamento.SetText(std::to_string(PercentRead(address)));
+        Avanzamento.SetVisible(true);
     };
-    events.done = [this] { Ended("SEGNALAZIONE_1"); };
-    events.refused = [this] { Ended("SEGNALAZIONE_2"); };
-    events.silent = [this](int state) { Ended(state == ErasingExternal ? "SEGNALAZIONE_6" : nullptr); };
+    events.done = [this] { Ended(pages::Tone::Done, "SEGNALAZIONE_1"); };
+    events.refused = [this] { Ended(pages::Tone::Refused, "SEGNALAZIONE_2"); };
+    events.silent = [this](int state) {
+        Ended(pages::Tone::Failed, state == ErasingExternal ? "SEGNALAZIONE_6" : nullptr);
+    };
 }
 
 void InEEPROM::Opening() {
@@ -35,6 +40,8 @@ void InEEPROM::Opening() {
     TastoSI.SetText(shell.TestoLingua("SI.0", "TASTI"));
     Esci.SetText(shell.TestoLingua("ESCI.0", "TASTI"));
     Segnalazione.SetText(shell.TestoLingua("SEGNALAZIONE_4", Section));
+    Avanzamento.SetText({});
+    Avanzamento.SetVisible(false);
     FirstState();
 }
 
@@ -53,12 +60,13 @@ void InEEPROM::SecondQuestion() {
 }
 
 void InEEPROM::Erase() {
-    if (!StartErasing(memory_)) return Ended("SEGNALAZIONE_2");
+    if (!StartErasing(memory_)) return Ended(pages::Tone::Failed, "SEGNALAZIONE_2");
     SetEnabled(false);
 }
 
-void InEEPROM::Ended(const char* key) {
-    if (key != nullptr) Segnalazione.SetText(memory_.link.shell.TestoLingua(key, Section));
+void InEEPROM::Ended(pages::Tone tone, const char* key) {
+    if (key != nullptr) Segnalazione.Say(tone, memory_.link.shell.TestoLingua(key, Section));
+    Avanzamento.SetVisible(false);
     SetEnabled(true);
     FirstState();
 }

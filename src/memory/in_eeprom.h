@@ -12,6 +12,8 @@ struct InEEPROM : pages::Page {
 
     pages::Label MessaggioSel{*this, "MessaggioSel"};
     pages::Label Segnalazione{*this, "Segnalazione"};
+    pages::Label Avanzamento{*this,
+                             "Avanzamento"};  // how far the erasing is, in percent; hidden while nothing is erased
     pages::Button Inizializza{*this, "Inizializza"};
     pages::Button TastoSI{*this, "TastoSI"};
     pages::Button Esci{*this, "Esci"};
@@ -25,7 +27,7 @@ struct InEEPROM : pages::Page {
     void SecondQuestion();
     void Erase();
     // The flow has ended: its words, and the page is usable again.
-    void Ended(const char* key);
+    void Ended(pages::Tone tone, const char* key);
 
     Memory& memory_;
 };

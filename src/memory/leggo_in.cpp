@@ -34,13 +34,14 @@ void LeggoIn::Opening() {
 }
 
 void LeggoIn::ShowProgress(int address) {
-    Segnalazione.SetText(ProgressText(memory_.link.shell.TestoLingua("SEGNALAZIONE_1", "LEGGOIN"), address));
+    Segnalazione.Say(pages::Tone::Progress,
+                     ProgressText(memory_.link.shell.TestoLingua("SEGNALAZIONE_1", "LEGGOIN"), address));
     Avanzamento.SetText(std::to_string(PercentRead(address)));
     Avanzamento.SetVisible(true);
 }
 
 void LeggoIn::ShowSilence() {
-    Segnalazione.SetText(memory_.link.shell.TestoLingua("SEGNALAZIONE_2", "LEGGOIN"));
+    Segnalazione.Say(pages::Tone::Failed, memory_.link.shell.TestoLingua("SEGNALAZIONE_2", "LEGGOIN"));
     Avanzamento.SetVisible(false);
     Continua.SetVisible(false);
     EsciP.SetVisible(false);
@@ -58,7 +59,7 @@ void LeggoIn::ShowOldProgram() {
     Continua.Enable(true);
     EsciP.SetVisible(true);
     EsciP.Enable(true);
-    SetFocus(&EsciP);
+    SetFocus(&Continua);  // which only reads
 }
 
 }  // namespace memory

@@ -36,7 +36,6 @@ bool RispostaX(Memory& memory, const std::string& frame) {
     // Nothing is asked of the unit until the fitter decides; the state stays, so that live frames go no further.
     link.state.ComandoTx.clear();
     shell.state.pointer = shell::Pointer::Normal;
-    eculink::WatchStream(link);  // another unit may be put on meanwhile
     memory.leggoIn.ShowOldProgram();
     return true;
 }
@@ -96,7 +95,6 @@ void StartRecognition(Memory& memory) {
 }
 
 void ContinueRecognition(Memory& memory) {
-    if (eculink::StreamBroken(memory.link)) return StartRecognition(memory);
     BeginConnectionRead(memory);
 }
 

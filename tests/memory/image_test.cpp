@@ -160,7 +160,8 @@ TEST(Image, SaysWhetherItIsProgrammedWhoseItIsAndWhen) {
                            Row{"FF00", "12345  ", "0", "310299", false, "12345_0", true},
                            Row{"00FF", "       ", "1", "000000", false, "000_0", true},
                            Row{"0000", "12a4567", "1", "290224", true, "000_0", false},
-                           Row{"0000", "-12.5  ", "1", "290225", true, "000_0", true},
+                           Row{"0000", "-12.5  ", "1", "290225", true, "-12.5_1", true},
+                           Row{"0000", "12.5.6 ", "1", "290225", true, "000_0", true},
                            Row{"0000", "1234567", "x", "0101\xFF\xFF", true, "000_0", true}}) {
         std::string image = CountedImage();
         memory::SetCella(image, 3072, row.marker);

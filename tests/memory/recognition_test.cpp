@@ -230,40 +230,6 @@ TEST(Recognition, AFullDiskEndsLikeASilentUnit) {
     EXPECT_EQ(s.program.link.state.StatoCmd, Idle);
 }
 
-// While the fitter decides about an old program the unit may be taken off and another one put on.
-TEST(Recognition, ContinuaAfterABrokenStreamAsksWhoTheUnitIs) {
-    struct Row {
-        int silence;  // ms without a live frame
-        bool resumes;
-        const char* first;  // frame that Continua sends
-        int state;
-    };
-    for (const Row& row : {Row{3900, true, "L00000032", 80}, Row{4000, true, "X327680010", 80},
-                           Row{4000, false, "X327680010", 80}, Row{3800, false, "L00000032", 80}}) {
-        support::ScriptedUnit u;
-        u.version = "01.03 A001";
-        ASSERT_TRUE(u.Start());
-        u.Take(support::LiveFrame().Long());
-        ASSERT_TRUE(u.Step());
-        memory::LeggoIn& page = u.program->memory.leggoIn;
-        ASSERT_TRUE(page.Continua.Visible());
-        u.Take(support::LiveFrame().Long());
-        u.Run(row.silence - (row.resumes ? eculink::ProcessingInterval : 0));
-        if (row.resumes) u.Take(support::LiveFrame().Long());
-        u.version = "01.04 A001";
-        ASSERT_TRUE(u.Shell().stack.Press(page.Continua).ok);
-        EXPECT_FALSE(page.Continua.Visible() || page.EsciP.Visible());
-        EXPECT_EQ(u.host.line.Sent(), frames::Frame(row.first)) << row.silence << row.resumes;
-        EXPECT_EQ(u.State().StatoCmd, row.state);
-        EXPECT_TRUE(page.IsOpen());
-        ASSERT_TRUE(u.Converse([&] { return u.State().StatoCmd == Idle; }));
-        const bool again = row.first[0] == 'X';
-        EXPECT_EQ(u.State().VersioneECU, again ? "01.04 A001" : "01.03 A001");
-        EXPECT_EQ(u.Shell().state.FirmwareVecchio, again ? False : True);
-        EXPECT_EQ(u.Shell().state.SenzaImmagine, False);
-    }
-}
-
 // With a calibration step running the silence of a recognition is nobody's news: the unit counts as unknown, no more.
 TEST(Recognition, SilenceDuringACalibrationStepSetsTheFlagAlone) {
     for (const char* silent : {"X", "L", "O"}) {
@@ -362,8 +328,6 @@ TEST(Recognition, TheStreamIsWatchedOnlyWhileTheLinkIsReady) {
     ASSERT_TRUE(u.Step());
     u.Run(20000);
     stays("old program");
-    u.Shell().stack.Press(u.program->memory.leggoIn.Continua);  // the stream was broken: identified again
-    ASSERT_TRUE(u.Step());
     u.Shell().stack.Press(u.program->memory.leggoIn.Continua);
     for (int block = 0; block < 64; ++block) {
         if (block % 16 == 5) {
