@@ -85,12 +85,12 @@ void PrepareFolder(shell::Shell& shell) {
     }
 }
 
+// A directory with a language of its own has what it needs: another one beside it could become the language of its next
+// start.
 void CompleteFolder(shell::Shell& shell) {
-    CopyMissing(shell);
-    // With nothing to copy from, a directory with a language is all that can be known to be needed.
-    const bool wordless = shell.host.files.List(shell.options.folder, LanguageExtension).empty();
-    if (shell.folderTrouble == FolderTrouble::None && (wordless || !Missing(shell).empty()))
-        shell.folderTrouble = FolderTrouble::Incomplete;
+    const auto wordless = [&shell] { return shell.host.files.List(shell.options.folder, LanguageExtension).empty(); };
+    if (wordless()) CopyMissing(shell);
+    if (shell.folderTrouble == FolderTrouble::None && wordless()) shell.folderTrouble = FolderTrouble::Incomplete;
 }
 
 void LoadLanguage(shell::Shell& shell) {

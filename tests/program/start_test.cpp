@@ -101,21 +101,19 @@ TEST(Start, LeavesAFolderThatIsNotNewAsItStands) {
     EXPECT_EQ(m.Shell().state.TipoComputer, 0);
 }
 
-TEST(Start, GivesAnOlderFolderWhatItLacksAndNothingElse) {
-    constexpr std::size_t Limit = platform::Files::DefaultLimit;
+TEST(Start, KeepsTheLanguageOfAFolderThatHasOneOfItsOwn) {
     const std::string own = "[MARLOVENT]\r\nCAPTION=mio\r\n";
     support::Machine m;
-    m.WriteFile("MARLO.INI", "[IMPOSTAZIONI]\r\nLingua=INGLESE\r\n");
-    m.WriteFile("italiano.lng", own);
-    EXPECT_TRUE(m.Start());
-    EXPECT_EQ(m.Shell().state.Lingua, "italiano") << "chosen among what was there";
-    EXPECT_EQ(m.Shell().main.Title(), "mio");
-    EXPECT_EQ(m.FileContent("italiano.lng"), own);
-    EXPECT_EQ(m.FileContent("ITALIANO.LNG"), std::nullopt) << "the same file in other letters";
-    EXPECT_EQ(m.FileContent("INGLESE.LNG"), m.files.Read(m.options.shipped / "INGLESE.LNG", Limit));
-    EXPECT_FALSE(m.IsOpen("SystemMessage"));
-    m.Restart();
-    EXPECT_EQ(m.Shell().state.Lingua, "INGLESE");
+    m.WriteFile("MARLO.INI", "[IMPOSTAZIONI]\r\nLingua=SPARITA\r\n");
+    m.WriteFile("prova.lng", own);
+    for (int start = 0; start < 2; ++start) {
+        EXPECT_TRUE(start == 0 ? m.Start() : (m.Restart(), true));
+        EXPECT_EQ(m.Shell().state.Lingua, "prova") << start;
+        EXPECT_EQ(m.Shell().main.Title(), "mio");
+        EXPECT_EQ(m.FileContent("INGLESE.LNG"), std::nullopt);
+        EXPECT_FALSE(m.IsOpen("SystemMessage"));
+    }
+    EXPECT_EQ(m.FileContent("prova.lng"), own);
 }
 
 TEST(Start, AnOlderFolderWithoutALanguageHasTextsFromTheNextStartOn) {
