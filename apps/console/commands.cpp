@@ -32,7 +32,13 @@ std::string Sentence(const shell::Shell& shell, Reason why) {
     return text.empty() ? std::string(key) : text;
 }
 
+// An input that an illegal figure holds back is the page's to answer: it has beeped, told the limits and kept the hand.
 Json Answer(const Context& context, const Outcome& outcome) {
+    if (outcome.why == Reason::ValueRefused) {
+        Json held = Done();
+        held["held"] = Text(Sentence(context.program.shell, outcome.why));
+        return held;
+    }
     return outcome.ok ? Done() : Failure(Sentence(context.program.shell, outcome.why));
 }
 

@@ -24,6 +24,8 @@ class Interpreter {
     // The answer of the command that waits, once its condition holds or its time is over; to be asked for after each
     // event of the program.
     std::optional<std::string> Poll();
+    // What the waiting command waits for has come; a command that waits for the time alone has its answer at the end.
+    bool Holds() const { return context_.wait && context_.wait->holds && context_.wait->holds(); }
     // When the time of the command that waits is over, in microseconds of the program's clock.
     std::int64_t Deadline() const { return context_.wait ? context_.wait->until : 0; }
     // Nothing more is to be done: `quit` was read, or the program has ended.

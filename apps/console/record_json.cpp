@@ -1,5 +1,6 @@
 #include "console/record_json.h"
 
+#include <algorithm>
 #include <string>
 
 #include "link/frames/numbers.h"
@@ -33,7 +34,7 @@ Json OfParameter(const tuning::Record& record) {
 Json OfCalibration(const tuning::CalibrationRecord& record) {
     Json out = Done();
     out["EE"] = record.Ind;
-    out["RAM"] = record.IndW;
+    out["RAM"] = std::max(record.IndW, 0);  // 0 where the cell has none, as with the parameters
     out["NByte"] = record.Dim;
     out["Min"] = nullptr;
     out["Max"] = nullptr;

@@ -15,10 +15,18 @@ namespace console {
 
 namespace {
 
+// Lets the program work until something may have come of what is waited for: to the end of one instant, unless it holds
+// before that.
+void Work(Interpreter& interpreter, platform::virt::World& world) {
+    do {
+        world.RunOne(interpreter.Deadline());
+    } while (!interpreter.Holds() && world.NextDue() <= world.ElapsedMicros());
+}
+
 void Converse(Session& session, Interpreter& interpreter, platform::virt::World& world) {
     while (!session.Finished()) {
         if (interpreter.Waiting()) {
-            world.RunUntil(std::min(world.NextDue(), interpreter.Deadline()));
+            Work(interpreter, world);
         } else if (session.Hungry()) {
             const std::string piece = ReadInput();
             if (piece.empty()) session.EndOfInput();

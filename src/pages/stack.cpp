@@ -1,6 +1,7 @@
 #include "pages/stack.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -179,6 +180,9 @@ Outcome PageStack::Press(Control& control) {
     if (control.GetKind() == Kind::Check) control.SetSelected(!control.Selected());
     if (control.GetKind() != Kind::Button) Call(control.onChange);
     Call(control.onPress);
+    // A button that went away with its press leaves the hand to the next control.
+    Page& page = control.Owner();
+    if (page.IsOpen() && page.Focus() == &control && !control.Visible()) page.SetFocus(page.NextFocus(&control));
     return Outcome::Done();
 }
 
@@ -273,8 +277,33 @@ Outcome PageStack::DoubleClick(Control& control) {
     return Outcome::Done();
 }
 
+// The keys of a table move the hand: the arrows to the neighbour, Enter down and on to the next column. At its edge the
+// hand stays, and from the last cell Enter leaves the table.
+Outcome PageStack::KeyOnGrid(Control& grid, std::string_view key) {
+    struct Row {
+        std::string_view key;
+        int rows;
+        int columns;
+    };
+    constexpr std::array<Row, 5> keys{
+        {{"Up", -1, 0}, {"Down", 1, 0}, {"Left", 0, -1}, {"Right", 0, 1}, {"Enter", 1, 0}}};
+    const auto row = std::find_if(keys.begin(), keys.end(), [key](const Row& each) { return each.key == key; });
+    if (row == keys.end()) return Outcome::Refused(Reason::KeyDoesNothing);
+    const int top = grid.HeaderRows();
+    CellPlace hand = grid.FocusCell();
+    if (!HasCell(grid, hand.row, hand.column)) return PointAtCell(grid, top, grid.HeaderColumns());
+    hand = {hand.row + row->rows, hand.column + row->columns};
+    if (HasCell(grid, hand.row, hand.column)) return PointAtCell(grid, hand.row, hand.column);
+    if (key != "Enter") return Outcome::Done();
+    return HasCell(grid, top, hand.column + 1) ? PointAtCell(grid, top, hand.column + 1) : Leave(grid);
+}
+
 // The keys of the control that has the focus.
 Outcome PageStack::KeyOn(Control& focus, std::string_view key) {
+    if (focus.GetKind() == Kind::Grid) {
+        const Outcome moved = KeyOnGrid(focus, key);
+        if (moved.ok || moved.why != Reason::KeyDoesNothing) return moved;
+    }
     if (key == "Enter" && IsPressable(focus)) return Press(focus);
     if (key == "Enter" || key == "Tab") return Leave(focus);
     if (key == "Shift+Tab") return LeaveTowards(focus, Towards::Previous);

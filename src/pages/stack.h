@@ -59,6 +59,7 @@ class PageStack {
     // Puts a whole text into the field at once, as one change.
     Outcome Replace(Control& field, std::string_view text);
     Outcome KeyOn(Control& focus, std::string_view key);
+    Outcome KeyOnGrid(Control& grid, std::string_view key);
     Outcome Reach(Control& control);
     // The same for what changes the control: not while it is locked, nor with what is not legal. What is refused for
     // its own sake leaves the field being edited alone.

@@ -58,6 +58,7 @@ constexpr auto Rows = std::to_array<Variable>({
     {"ContaX", OfLink<&Link::ContaX>},
     {"IndirizzoCorrente", OfLink<&Link::IndirizzoCorrente>},
     {"ByteRestanti", OfLink<&Link::ByteRestanti>},
+    {"ImmagineEE", OfMemory<&Memory::ImmagineEE>},
     {"VersioneECU", OfLink<&Link::VersioneECU>},
     {"FirmwareVecchio", OfShell<&Shell::FirmwareVecchio>},
     {"CodiceAcq", OfMemory<&Memory::CodiceAcq>},

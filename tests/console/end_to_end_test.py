@@ -206,7 +206,7 @@ class RealTime(EndToEnd):
             self.ok(console, "wait StatoCmd -1 5000")
             self.assertEqual(self.ok(console, "get MessaP ValFG(0)")["text"], "6200")
             self.assertFalse(console.ask("enter MessaP ValFG(0) 100000")["text"] == "6200")
-            self.assertFalse(console.ask("press MessaP InMemor")["ok"])
+            self.assertIn("held", self.ok(console, "press MessaP InMemor"))
             self.ok(console, "enter MessaP ValFG(0) 6000")
             self.ok(console, "press MessaP InMemor")
             self.ok(console, "wait StatoCmd -1 5000")

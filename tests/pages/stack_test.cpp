@@ -252,6 +252,32 @@ TEST(PageStack, TheHandStandsInTheCellThatIsEditedOrPointedAt) {
     EXPECT_EQ(d.stack.PointAtCell(s.Table, 1, 0).why, Reason::ReadingFailed);
 }
 
+TEST(PageStack, ArrowsAndEnterMoveTheHandThroughATable) {
+    struct Row {
+        const char* key;
+        CellPlace hand;
+    };
+    Desk d;
+    Sheet& s = d.bottom;
+    s.Table.SetCells({{"head", "head"}, {"1", "2"}, {"3", "4"}}, 1, 0);
+    s.SetFocus(&s.Table);
+    for (const Row& row : {Row{"Down", {1, 0}}, Row{"Up", {1, 0}}, Row{"Left", {1, 0}}, Row{"Right", {1, 1}},
+                           Row{"Right", {1, 1}}, Row{"Left", {1, 0}}, Row{"Enter", {2, 0}}, Row{"Down", {2, 0}},
+                           Row{"Enter", {1, 1}}, Row{"Down", {2, 1}}, Row{"Enter", {2, 1}}}) {
+        EXPECT_TRUE(d.stack.Key(s, row.key).ok) << row.key;
+        EXPECT_EQ(s.Table.FocusCell(), row.hand) << row.key;
+    }
+    EXPECT_EQ(s.Focus(), &s.Save) << "from the last cell Enter goes on";
+}
+
+TEST(PageStack, AButtonThatGoesAwayWithItsPressGivesTheHandOn) {
+    Desk d;
+    Sheet& s = d.bottom;
+    s.Save.onPress = [&s] { s.Save.SetVisible(false); };
+    EXPECT_TRUE(d.stack.Press(s.Save).ok);
+    EXPECT_EQ(s.Focus(), &s.Leave);
+}
+
 // A refused figure holds every button back but the one that fills its field.
 TEST(PageStack, AButtonThatFillsARefusedFieldIsNotHeldBackByIt) {
     Desk d;
