@@ -12,6 +12,7 @@
 #include "platform/text.h"
 #include "program/program.h"
 #include "sim/unit.h"
+#include "tuning/cell_names.h"
 
 namespace console {
 
@@ -64,6 +65,16 @@ Json WithControl(Context& context, const Words& words, Action action) {
     });
 }
 
+// The same for what may also be a cell of a table under the name of its figure.
+template <class OnControl, class OnCell>
+Json WithFigure(Context& context, const Words& words, OnControl onControl, OnCell onCell) {
+    const Page* page = StackOf(context).Find(words[0]);
+    if (page != nullptr && page->Find(words[1]) == nullptr && page->IsOpen()) {
+        if (const auto cell = tuning::CellNamed(context.program.tuning, *page, words[1])) return onCell(*cell);
+    }
+    return WithControl(context, words, onControl);
+}
+
 Json BadNumber(const std::string& word) {
     return Failure("\"" + word + "\" is no whole number.");
 }
@@ -90,11 +101,14 @@ Json Show(Context& context, const Words& words) {
 }
 
 Json Get(Context& context, const Words& words) {
-    return WithControl(context, words, [](Control& control) {
-        Json out = Done();
-        out.update(OfControl(control));
+    Json out = Done();
+    const auto show = [&out](const Json& properties) {
+        out.update(properties);
         return out;
-    });
+    };
+    return WithFigure(
+        context, words, [&](Control& control) { return show(OfControl(control)); },
+        [&](const tuning::NamedCell& cell) { return show(OfCell(*cell.grid, cell.place)); });
 }
 
 Json Channels(Context& context, const Words&) {
@@ -130,24 +144,54 @@ Json WithFocus(Json answer, const Control& control) {
     return answer;
 }
 
+// A cell that holds the hand has the focus under the name of its figure.
+Json WithCell(Json answer, const std::string& name, const tuning::NamedCell& cell) {
+    if (answer["ok"] != true) return answer;
+    answer["text"] = OfCell(*cell.grid, cell.place)["text"];
+    const Control* focus = cell.grid->Owner().Focus();
+    const bool held = focus == cell.grid && cell.grid->FocusCell() == cell.place;
+    answer["focus"] = held ? Json(name) : focus == nullptr ? Json() : Json(focus->Name());
+    return answer;
+}
+
+Json TypeIntoCell(Context& context, const std::string& name, const tuning::NamedCell& cell, const std::string& text) {
+    const auto [row, column] = cell.place;
+    return WithCell(Answer(context, StackOf(context).EditCell(*cell.grid, row, column, text)), name, cell);
+}
+
+// Goes on as Enter does, unless the figure is refused.
+Json EnterIntoCell(Context& context, const std::string& name, const tuning::NamedCell& cell, const std::string& text) {
+    const Json typed = TypeIntoCell(context, name, cell, text);
+    if (typed["ok"] != true || OfCell(*cell.grid, cell.place).contains("refused")) return typed;
+    StackOf(context).Key(cell.grid->Owner(), "Enter");
+    return WithCell(Done(), name, cell);
+}
+
 Json Type(Context& context, const Words& words) {
-    return WithControl(context, words, [&](Control& control) {
-        return WithText(Answer(context, StackOf(context).Type(control, words[2])), control);
-    });
+    return WithFigure(
+        context, words,
+        [&](Control& control) { return WithText(Answer(context, StackOf(context).Type(control, words[2])), control); },
+        [&](const tuning::NamedCell& cell) { return TypeIntoCell(context, words[1], cell, words[2]); });
 }
 
 Json Leave(Context& context, const Words& words) {
-    return WithControl(context, words, [&](Control& control) {
-        return WithFocus(Answer(context, StackOf(context).Leave(control)), control);
-    });
+    return WithFigure(
+        context, words,
+        [&](Control& control) { return WithFocus(Answer(context, StackOf(context).Leave(control)), control); },
+        [&](const tuning::NamedCell& cell) {
+            return WithCell(Answer(context, StackOf(context).Leave(*cell.grid)), words[1], cell);
+        });
 }
 
 Json Enter(Context& context, const Words& words) {
-    return WithControl(context, words, [&](Control& control) {
-        const Outcome typed = StackOf(context).Type(control, words[2]);
-        if (!typed.ok) return Answer(context, typed);
-        return WithFocus(Answer(context, StackOf(context).Leave(control)), control);
-    });
+    return WithFigure(
+        context, words,
+        [&](Control& control) {
+            const Outcome typed = StackOf(context).Type(control, words[2]);
+            if (!typed.ok) return Answer(context, typed);
+            return WithFocus(Answer(context, StackOf(context).Leave(control)), control);
+        },
+        [&](const tuning::NamedCell& cell) { return EnterIntoCell(context, words[1], cell, words[2]); });
 }
 
 // "3" or "0,2,5".
@@ -183,12 +227,7 @@ Json Cell(Context& context, const Words& words) {
         const auto r = static_cast<int>(*row);
         const auto c = static_cast<int>(*column);
         Json answer = Answer(context, StackOf(context).EditCell(grid, r, c, words[4]));
-        // The edit may have rebuilt the grid.
-        const pages::Cells& cells = grid.GetCells();
-        const bool there = r >= 0 && static_cast<std::size_t>(r) < cells.size() && c >= 0 &&
-                           static_cast<std::size_t>(c) < cells[static_cast<std::size_t>(r)].size();
-        if (answer["ok"] == true && there)
-            answer["text"] = Text(cells[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)]);
+        if (answer["ok"] == true) answer["text"] = OfCell(grid, {r, c})["text"];
         return answer;
     });
 }

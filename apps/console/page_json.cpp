@@ -1,5 +1,6 @@
 #include "console/page_json.h"
 
+#include <algorithm>
 #include <array>
 
 #include "pages/stack.h"
@@ -116,6 +117,23 @@ Json OfControl(const Control& control) {
     if (control.GetKind() == Kind::Grid) AddGrid(control, out);
     if (control.GetKind() == Kind::Picture) out["index"] = control.Index();
     AddMarks(control, out);
+    return out;
+}
+
+Json OfCell(const Control& grid, const pages::CellPlace& place) {
+    const auto among = [&place](const std::vector<pages::CellPlace>& cells) {
+        return std::find(cells.begin(), cells.end(), place) != cells.end();
+    };
+    const pages::Cells& cells = grid.GetCells();
+    const auto row = static_cast<std::size_t>(place.row);
+    const auto column = static_cast<std::size_t>(place.column);
+    const bool there = row < cells.size() && column < cells[row].size();
+    Json out = {{"kind", "field"}, {"enabled", grid.Enabled()}, {"visible", grid.Visible()}, {"locked", grid.Locked()}};
+    out["text"] = there ? Text(cells[row][column]) : Json("");
+    out["maxLength"] = grid.MaxLength();
+    if (among(grid.ChangedCells())) out["changed"] = true;
+    if (among(grid.RefusedCells())) out["refused"] = true;
+    if (grid.Owner().Focus() == &grid && grid.FocusCell() == place) out["focus"] = true;
     return out;
 }
 
