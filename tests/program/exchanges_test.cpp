@@ -321,6 +321,20 @@ TEST(Exchanges, AGarbledReplyNeverCountsAsAGoodOne) {
     }
 }
 
+TEST(Exchanges, AHandlerThatFailsEndsAsASilentUnitDoes) {
+    for (const Way& way : Ways()) {
+        Exchange e(way);
+        const std::string reply = frames::Frame(std::string(1, e.Letter()) + "ok");
+        e.Link().catalogue.AddReply(way.state, e.Letter(),
+                                    [](const std::string&) -> bool { throw std::runtime_error("out of order"); });
+        e.Take(reply);
+        e.Run(199);
+        EXPECT_EQ(e.State().StatoCmd, way.state) << way.name;
+        e.Run(1);
+        e.ExpectEnd(true, "handler");
+    }
+}
+
 TEST(Exchanges, AReplyCutShortByADeviceThatVanishesIsSilence) {
     for (const Way& way : Ways()) {
         Exchange e(way);
