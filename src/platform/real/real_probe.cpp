@@ -64,7 +64,7 @@ std::string ProgramName(const fs::path& process) {
 }  // namespace
 #endif
 
-PortFacts RealProbe::Look(const std::string& device) {
+PortFacts RealProbe::Look([[maybe_unused]] const std::string& device) {
     PortFacts facts;
 #ifndef _WIN32
     if (const passwd* user = getpwuid(geteuid()); user != nullptr) facts.user = user->pw_name;
