@@ -5,6 +5,7 @@
 #include <QScrollArea>
 #include <QStatusTipEvent>
 #include <algorithm>
+#include <array>
 
 namespace desktop {
 
@@ -21,9 +22,14 @@ bool Refuses(const PagePlan& plan) {
            std::any_of(plan.tables.begin(), plan.tables.end(), refused);
 }
 
+// By what the message tells. Each has a shape of its own; a plain one has the picture of its page.
+constexpr std::array<const char*, 5> TonePictures{nullptr, "busy", "done", "exclamation", "stop"};
+
 const char* StripPicture(const pages::Page& page, const PagePlan& plan) {
     if (plan.strip->Text().empty()) return "";
     if (!page.Enabled() || Runs(plan)) return "busy";
+    const char* const told = TonePictures[static_cast<std::size_t>(plan.strip->GetTone())];
+    if (told != nullptr) return told;
     return Refuses(plan) ? "exclamation" : plan.stripPicture;
 }
 

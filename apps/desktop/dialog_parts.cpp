@@ -247,6 +247,7 @@ void DialogBuilder::AddStrip(QVBoxLayout& column) {
     if (plan_.strip == nullptr) return;
     auto* strip = new QHBoxLayout;
     parts_.stripPicture = new PictureView(&dialog_, plan_.message ? MessagePictureLines : StripPictureLines);
+    parts_.stripPicture->setObjectName(Name(*plan_.strip) + QStringLiteral("Figura"));
     strip->addWidget(parts_.stripPicture, 0, Qt::AlignTop);
     QWidget& text = WidgetOf(*plan_.strip);
     if (plan_.message) Scale(text, MessageScale);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
 #include <QMenuBar>
 #include <QProgressBar>
@@ -149,6 +150,37 @@ TEST(Windows, ARefusedCellBelowTheEdgeComesIntoSight) {
     ASSERT_TRUE(lean.Refused());
     const QRect cell = table.visualItemRect(table.item(0, 0));
     EXPECT_EQ(table.viewport()->visibleRegion().intersected(cell).boundingRect(), cell);
+}
+
+// Done, refused and failed are told apart by a shape, whatever the page; what runs comes first.
+TEST(Windows, ThePictureOfAMessageIsThatOfItsKind) {
+    constexpr int OverSpeed = 4;
+    Workshop shop;
+    shop.BeginLive();
+    shop.Choose(MenuId::MenuPunto, OverSpeed);
+    shop.RunUntil([&] { return shop.program.link.state.StatoCmd == eculink::Idle; }, 60000);
+    pages::Page& page = shop.program.tuning.messaP;
+    const auto shown = [&](pages::Tone tone, const char* text) {
+        page.Find("Segnalazione")->Say(tone, text);
+        shop.windows.Sync();
+        return shop.Find<desktop::PictureView>(page, "SegnalazioneFigura").Name().toStdString();
+    };
+    struct Case {
+        pages::Tone tone;
+        const char* picture;
+    };
+    for (const Case& c :
+         {Case{pages::Tone::Plain, "information"}, Case{pages::Tone::Progress, "busy"}, Case{pages::Tone::Done, "done"},
+          Case{pages::Tone::Refused, "exclamation"}, Case{pages::Tone::Failed, "stop"}}) {
+        EXPECT_EQ(shown(c.tone, "a message"), c.picture);
+        EXPECT_TRUE(QFile::exists(QStringLiteral(":/pictures/%1.svg").arg(QLatin1String(c.picture))));
+        EXPECT_EQ(shown(c.tone, ""), "");
+        page.Find("Avanzamento")->SetVisible(true);
+        EXPECT_EQ(shown(c.tone, "a message"), "busy");
+        page.Find("Avanzamento")->SetVisible(false);
+    }
+    page.SetEnabled(false);
+    EXPECT_EQ(shown(pages::Tone::Done, "a message"), "busy");
 }
 
 TEST(Windows, AReadThatRunsShowsHowFarItIs) {
