@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "desktop/keys.h"
+#include "desktop/widgets/shows.h"
 
 namespace desktop {
 
@@ -167,7 +168,11 @@ bool PageView::KeyOn(const Bound& bound, const QKeyEvent& event) {
         // A page that shares its window leaves Tab to it.
         return root_.isWindow() && page_.Focus() == bound.control && hands_.Key(page_, name);
     }
-    if (name == "Enter") return page_.Focus() == bound.control && hands_.Key(page_, name);
+    if (name == "Enter") {
+        if (page_.Focus() != bound.control) return false;
+        auto* shows = dynamic_cast<Shows*>(bound.widget);
+        return (shows != nullptr && shows->GoesOn()) || hands_.Key(page_, name);
+    }
     return IsCommand(event) && hands_.Key(page_, name);
 }
 

@@ -160,7 +160,10 @@ TEST(Binder, EachKindHandsItsInputToThePage) {
 TEST(Binder, TheHandInATableIsTheHandOfThePageAndStaysOnARefusedCell) {
     Bench bench;
     pages::Grid& grid = bench.page.Table;
-    grid.onCell = [&grid](int row, int column, const std::string&) { grid.SetRefusedCells({{row, column}}); };
+    grid.onCell = [&grid](int row, int column, const std::string&) {
+        grid.pending = true;
+        grid.SetRefusedCells({{row, column}});
+    };
     auto& table = bench.Of<desktop::GridView>(grid);
     table.setFocus(Qt::TabFocusReason);
     table.setCurrentCell(0, 1);
@@ -186,6 +189,168 @@ TEST(Binder, TheHandInATableIsTheHandOfThePageAndStaysOnARefusedCell) {
     bench.view.Sync();
     table.setCurrentCell(0, 0);
     EXPECT_EQ(grid.FocusCell(), (pages::CellPlace{2, 1})) << "a locked table holds no hand";
+}
+
+// The table of the sample, 2 rows by 2 columns below its headers, with the keyboard in it.
+struct TableBench : Bench {
+    TableBench() {
+        grid.onCell = [this](int row, int column, const std::string& text) {
+            edits.push_back(text);
+            const bool tooMuch = std::atoi(text.c_str()) > Sample::Largest;
+            if (!tooMuch) grid.SetCell(row, column, text);
+            grid.pending = tooMuch;
+            grid.SetRefusedCells(tooMuch ? std::vector<pages::CellPlace>{{row, column}}
+                                         : std::vector<pages::CellPlace>());
+        };
+        table.setFocus(Qt::TabFocusReason);
+        table.setCurrentCell(0, 0);
+    }
+    QLineEdit* Editor() { return table.viewport()->findChild<QLineEdit*>(); }
+    void Click(int row, int column) {
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, table.visualItemRect(table.item(row, column)).center());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    // A key where the keyboard is: in the edit line, or in the table.
+    void Key(Qt::Key key) {
+        QTest::keyClick(window.focusWidget(), key);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    std::pair<int, int> Hand() const { return {table.currentRow(), table.currentColumn()}; }
+
+    pages::Grid& grid = page.Table;
+    desktop::GridView& table = Of<desktop::GridView>(page.Table);
+    std::vector<std::string> edits;
+};
+
+using Place = std::pair<int, int>;
+
+TEST(Table, EnterGoesDownThenToTheNextColumnThenOnFromTheTable) {
+    TableBench bench;
+    for (const Place& next : {Place{1, 0}, Place{0, 1}, Place{1, 1}}) {
+        bench.Key(Qt::Key_Return);
+        EXPECT_EQ(bench.Hand(), next);
+    }
+    bench.Key(Qt::Key_Return);
+    EXPECT_EQ(bench.page.Focus(), &bench.page.Save) << "the next control behind the table";
+    EXPECT_TRUE(bench.edits.empty());
+
+    // The same out of an edit.
+    bench.Click(1, 0);
+    for (const auto& [key, next] : {std::pair{Qt::Key_7, Place{0, 1}}, std::pair{Qt::Key_8, Place{1, 1}}}) {
+        bench.Key(key);
+        ASSERT_NE(bench.Editor(), nullptr);
+        bench.Key(Qt::Key_Return);
+        EXPECT_EQ(bench.Editor(), nullptr);
+        EXPECT_EQ(bench.Hand(), next);
+    }
+    EXPECT_EQ(bench.edits, (std::vector<std::string>{"7", "8"}));
+    bench.grid.SetLocked(true);
+    bench.view.Sync();
+    bench.Key(Qt::Key_Return);
+    EXPECT_EQ(bench.Hand(), Place(1, 1)) << "nothing is edited in a locked table";
+}
+
+TEST(Table, OneClickOpensTheEditAndArrowsMoveTheHand) {
+    TableBench bench;
+    bench.Click(0, 1);
+    ASSERT_NE(bench.Editor(), nullptr);
+    EXPECT_EQ(bench.Editor()->selectedText(), "2") << "what is typed takes its place";
+    bench.Key(Qt::Key_Down);
+    EXPECT_EQ(bench.Editor(), nullptr);
+    EXPECT_TRUE(bench.edits.empty()) << "what nobody typed into is no edit";
+    EXPECT_EQ(bench.Hand(), Place(1, 1));
+    bench.Key(Qt::Key_Left);
+    EXPECT_EQ(bench.Hand(), Place(1, 0));
+    bench.Key(Qt::Key_Up);
+    EXPECT_EQ(bench.Hand(), Place(0, 0));
+    EXPECT_EQ(bench.Editor(), nullptr);
+    bench.Key(Qt::Key_5);
+    bench.Key(Qt::Key_Down);
+    bench.Key(Qt::Key_6);
+    bench.Click(1, 1);
+    EXPECT_EQ(bench.edits, (std::vector<std::string>{"5", "6"})) << "a click elsewhere ends the edit";
+    EXPECT_EQ(bench.Hand(), Place(1, 1));
+    EXPECT_NE(bench.Editor(), nullptr);
+    bench.grid.SetLocked(true);
+    bench.Key(Qt::Key_Escape);
+    bench.view.Sync();
+    bench.Click(0, 0);
+    EXPECT_EQ(bench.Editor(), nullptr);
+}
+
+TEST(Table, ARefusedCellHoldsTheHandUntilItIsPutRight) {
+    TableBench bench;
+    const auto refuse = [&](Qt::Key leave) {
+        for (const Qt::Key key : {Qt::Key_9, Qt::Key_9, Qt::Key_9}) bench.Key(key);
+        bench.Key(leave);
+    };
+    for (const Qt::Key leave : {Qt::Key_Return, Qt::Key_Down}) {
+        refuse(leave);
+        EXPECT_EQ(bench.Hand(), Place(0, 0));
+        EXPECT_EQ(bench.edits.size(), 1U) << "refused once, told once";
+        bench.edits.clear();
+    }
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_End}) {
+        bench.Key(key);
+        EXPECT_EQ(bench.Hand(), Place(0, 0));
+    }
+    bench.Click(1, 1);
+    EXPECT_EQ(bench.Hand(), Place(0, 0));
+    EXPECT_EQ(bench.Editor(), nullptr);
+    // Also where the click is what ends the edit.
+    for (const Qt::Key key : {Qt::Key_8, Qt::Key_8, Qt::Key_8}) bench.Key(key);
+    bench.Click(1, 1);
+    EXPECT_EQ(bench.Hand(), Place(0, 0));
+    EXPECT_EQ(bench.edits, std::vector<std::string>{"888"});
+
+    bench.Click(0, 0);
+    ASSERT_NE(bench.Editor(), nullptr);
+    bench.Key(Qt::Key_4);
+    bench.Key(Qt::Key_Return);
+    EXPECT_EQ(bench.Hand(), Place(1, 0));
+}
+
+// The marks of one cell, each seen beside the others, in both themes.
+TEST(Table, ChangedRefusedAndTheEnginesCellAreToldApart) {
+    using desktop::CellMarks;
+    for (const desktop::Theme* theme : {&desktop::LightTheme(), &desktop::DarkTheme()}) {
+        const QRect cell(0, 0, 38, 22);
+        const auto drawn = [&](const CellMarks& marks) {
+            QImage image(cell.size(), QImage::Format_RGB32);
+            image.fill(theme->surface);
+            QPainter painter(&image);
+            marks.Draw(painter, cell, *theme);
+            return image;
+        };
+        const auto holds = [](const QImage& image, const QColor& colour) {
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    if (image.pixelColor(x, y) == colour) return true;
+                }
+            }
+            return false;
+        };
+        for (int mask = 0; mask < 8; ++mask) {
+            const CellMarks marks{(mask & 1) != 0, (mask & 2) != 0, (mask & 4) != 0};
+            const QImage image = drawn(marks);
+            EXPECT_EQ(holds(image, theme->accent), marks.engine) << mask << theme->dark;
+            EXPECT_EQ(holds(image, theme->warn), marks.changed) << mask << theme->dark;
+            EXPECT_EQ(holds(image, theme->bad), marks.refused) << mask << theme->dark;
+        }
+    }
+    TableBench bench;
+    bench.table.setCurrentCell(1, 1);
+    const QImage plain = bench.table.grab().toImage();
+    bench.grid.SetChangedCells({{1, 1}});
+    bench.view.Sync();
+    const QImage one = bench.table.grab().toImage();
+    EXPECT_NE(one, plain);
+    bench.grid.SetChangedCells({{1, 1}, {2, 1}});
+    bench.view.Sync();
+    EXPECT_NE(bench.table.grab().toImage(), one);
+    bench.grid.SetChangedCells({});
+    bench.view.Sync();
+    EXPECT_EQ(bench.table.grab().toImage(), plain);
 }
 
 TEST(Binder, KeysThatTheFieldDoesNotTakeLeaveItAndTheCaretAlone) {

@@ -2,22 +2,20 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QLineEdit>
-#include <QPainter>
-#include <QRegularExpressionValidator>
+#include <QMouseEvent>
 #include <QSignalBlocker>
-#include <QStyledItemDelegate>
 #include <algorithm>
+#include <array>
 #include <limits>
 
-#include "desktop/widgets/marks.h"
+#include "desktop/widgets/grid_delegate.h"
 
 namespace desktop {
 
 namespace {
 
-constexpr int MarkFrame = 3;
 constexpr int CellPadding = 10;
+constexpr auto Editing = QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed;
 constexpr int RowPadding = 4;
 constexpr int MostRowsShown = 16;
 constexpr int FewRows = 4;  // of a table that must be scrolled
@@ -48,6 +46,12 @@ int ColumnsOf(const pages::Cells& cells) {
     return static_cast<int>(most);
 }
 
+bool MovesHand(int key) {
+    constexpr std::array Keys{Qt::Key_Up,   Qt::Key_Down, Qt::Key_Left,   Qt::Key_Right,
+                              Qt::Key_Home, Qt::Key_End,  Qt::Key_PageUp, Qt::Key_PageDown};
+    return std::find(Keys.begin(), Keys.end(), key) != Keys.end();
+}
+
 // From a cool to a warm ground; on both the text keeps its contrast.
 QColor SurfaceColour(double share, const Theme& theme) {
     const QColor low = theme.dark ? QColor("#16324a") : QColor("#dcecf9");
@@ -58,62 +62,9 @@ QColor SurfaceColour(double share, const Theme& theme) {
 
 }  // namespace
 
-class GridDelegate : public QStyledItemDelegate {
-  public:
-    explicit GridDelegate(GridView& grid) : QStyledItemDelegate(&grid), grid_(grid) {}
-
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex&) const override {
-        auto* edit = new QLineEdit(parent);
-        edit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        edit->setFrame(false);
-        if (grid_.digits_) {
-            static const QRegularExpression digits(QStringLiteral("[0-9]*"));
-            edit->setValidator(new QRegularExpressionValidator(digits, edit));
-        }
-        if (grid_.maxLength_ != 0) edit->setMaxLength(static_cast<int>(grid_.maxLength_));
-        return edit;
-    }
-    void setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const override {
-        const auto* edit = qobject_cast<QLineEdit*>(editor);
-        if (edit != nullptr && grid_.onEdit)
-            grid_.onEdit(index.row() + grid_.headerRows_, index.column() + grid_.headerColumns_, edit->text());
-    }
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        QStyledItemDelegate::paint(painter, option, index);
-        if (grid_.Refuses(index.row(), index.column()))
-            return Marks::DrawRefusedCell(*painter, option.rect, grid_.theme_);
-        if (index.row() != grid_.markedRow_ || index.column() != grid_.markedColumn_) return;
-        painter->save();
-        painter->setPen(QPen(grid_.theme_.accent, MarkFrame));
-        painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
-        painter->restore();
-    }
-
-  protected:
-    // Up, down and Enter end the edit and go on, as in any table of figures, but not from a cell that is refused.
-    bool eventFilter(QObject* editor, QEvent* event) override {
-        if (event->type() == QEvent::KeyPress) {
-            const int key = static_cast<QKeyEvent*>(event)->key();
-            const bool up = key == Qt::Key_Up;
-            if (up || key == Qt::Key_Down || key == Qt::Key_Return || key == Qt::Key_Enter) {
-                emit commitData(static_cast<QWidget*>(editor));
-                emit closeEditor(static_cast<QWidget*>(editor), NoHint);
-                const int row = grid_.currentRow() + (up ? -1 : 1);
-                const bool stays = grid_.Refuses(grid_.currentRow(), grid_.currentColumn());
-                if (!stays && row >= 0 && row < grid_.rowCount()) grid_.setCurrentCell(row, grid_.currentColumn());
-                return true;
-            }
-        }
-        return QStyledItemDelegate::eventFilter(editor, event);
-    }
-
-  private:
-    GridView& grid_;
-};
-
 GridView::GridView(QWidget* parent) : QTableWidget(parent) {
     setItemDelegate(new GridDelegate(*this));
-    setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+    setEditTriggers(Editing);
     setTabKeyNavigation(false);
     setSelectionMode(SingleSelection);
     setCornerButtonEnabled(false);
@@ -125,12 +76,41 @@ GridView::GridView(QWidget* parent) : QTableWidget(parent) {
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
     connect(this, &QTableWidget::currentCellChanged, this, [this](int row, int column) { Point(row, column); });
+    connect(this, &QTableWidget::cellClicked, this, &GridView::OpenEdit);
+}
+
+bool GridView::IsEditable(int row, int column) const {
+    const QTableWidgetItem* cell = item(row, column);
+    return !locked_ && cell != nullptr && cell->flags().testFlag(Qt::ItemIsEditable);
 }
 
 void GridView::Point(int row, int column) {
-    const QTableWidgetItem* cell = item(row, column);
-    const bool editable = !locked_ && cell != nullptr && cell->flags().testFlag(Qt::ItemIsEditable);
-    if (editable && hasFocus() && onPoint) onPoint(row + headerRows_, column + headerColumns_);
+    if (IsEditable(row, column) && hasFocus() && onPoint) onPoint(row + headerRows_, column + headerColumns_);
+}
+
+// The press has put the hand there, unless another value holds it.
+void GridView::OpenEdit(int row, int column) {
+    if (hasFocus() && IsEditable(row, column) && currentRow() == row && currentColumn() == column)
+        editItem(item(row, column));
+}
+
+void GridView::Edit(const QModelIndex& cell, const QString& text) {
+    const pages::CellPlace place = PlaceOf(cell);
+    if (onEdit) onEdit(place.row, place.column, text);
+}
+
+bool GridView::GoesOn() {
+    if (locked_ || HoldsHand()) return false;
+    const int cells = rowCount() * columnCount();
+    const int first = currentIndex().isValid() ? currentColumn() * rowCount() + currentRow() + 1 : 0;
+    for (int cell = first; cell < cells; ++cell) {
+        const int row = cell % rowCount();
+        const int column = cell / rowCount();
+        if (!IsEditable(row, column)) continue;
+        setCurrentCell(row, column);
+        return true;
+    }
+    return false;
 }
 
 // The page moves the hand when it has something to say of another cell.
@@ -142,9 +122,20 @@ void GridView::FollowFocusCell(const pages::Control& control) {
     setCurrentCell(focusCell_.row - headerRows_, focusCell_.column - headerColumns_);
 }
 
-bool GridView::Refuses(int row, int column) const {
-    const pages::CellPlace place{row + headerRows_, column + headerColumns_};
-    return std::find(refusedCells_.begin(), refusedCells_.end(), place) != refusedCells_.end();
+pages::CellPlace GridView::PlaceOf(const QModelIndex& cell) const {
+    return {cell.row() + headerRows_, cell.column() + headerColumns_};
+}
+
+CellMarks GridView::MarksAt(const QModelIndex& cell) const {
+    const pages::CellPlace place = PlaceOf(cell);
+    const auto among = [&place](const std::vector<pages::CellPlace>& places) {
+        return std::find(places.begin(), places.end(), place) != places.end();
+    };
+    return {place == markedCell_, among(changedCells_), among(refusedCells_)};
+}
+
+bool GridView::HoldsHand() const {
+    return pending_ && MarksAt(currentIndex()).refused;
 }
 
 void GridView::SetAxes(std::vector<QWidget*> columns, std::vector<QWidget*> rows) {
@@ -170,14 +161,14 @@ void GridView::Show(const pages::Control& control, const Look& look) {
     locked_ = control.Locked() || !control.onCell;
     digits_ = control.filter == pages::KeyFilter::Digits;
     maxLength_ = control.MaxLength();
-    setEditTriggers(locked_ ? QAbstractItemView::EditTriggers(NoEditTriggers)
-                            : DoubleClicked | EditKeyPressed | AnyKeyPressed);
+    setEditTriggers(locked_ ? QAbstractItemView::EditTriggers(NoEditTriggers) : Editing);
     const bool axes = !columnAxis_.empty() || !rowAxis_.empty();
     headerRows_ = axes ? 0 : std::min(control.HeaderRows(), 1);
     headerColumns_ = axes ? 0 : std::min(control.HeaderColumns(), 1);
     theme_ = look.theme;
-    markedRow_ = control.MarkedRow() - headerRows_;
-    markedColumn_ = control.MarkedColumn() - headerColumns_;
+    pending_ = control.pending;
+    markedCell_ = {control.MarkedRow(), control.MarkedColumn()};
+    changedCells_ = control.ChangedCells();
     refusedCells_ = control.RefusedCells();
     Fill(control, look);
     FollowFocusCell(control);
@@ -221,7 +212,8 @@ void GridView::Fill(const pages::Control& control, const Look& look) {
                 const bool header =
                     row + headerRows_ < control.HeaderRows() || column + headerColumns_ < control.HeaderColumns();
                 if (header) {
-                    cell->setFlags(Qt::ItemIsEnabled);
+                    // The lines of the axes cover theirs: the hand passes them by.
+                    cell->setFlags(columnAxis_.empty() ? Qt::ItemIsEnabled : Qt::NoItemFlags);
                     cell->setBackground(look.theme.window);
                 }
                 setItem(row, column, cell);
@@ -292,7 +284,13 @@ QSize GridView::minimumSizeHint() const {
 // Enter and Tab belong to the page; a locked table takes no characters.
 void GridView::keyPressEvent(QKeyEvent* event) {
     if (locked_ && !event->text().isEmpty() && event->text().front().isPrint()) return event->ignore();
+    if (HoldsHand() && MovesHand(event->key())) return;
     QTableWidget::keyPressEvent(event);
+}
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+    if (HoldsHand() && indexAt(event->position().toPoint()) != currentIndex()) return;
+    QTableWidget::mousePressEvent(event);
 }
 
 void GridView::resizeEvent(QResizeEvent* event) {

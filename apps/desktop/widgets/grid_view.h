@@ -2,12 +2,14 @@
 
 #include <QTableWidget>
 
+#include "desktop/widgets/marks.h"
 #include "desktop/widgets/shows.h"
 
 namespace desktop {
 
-// A table of figures, moved about with the arrow keys. One header row and one header column become the headers of the
-// table. A cell is edited by typing into it; what is typed goes to `onEdit`, and the model's answer is shown.
+// A table of figures, moved about with the arrow keys; Enter goes down, and from the last row to the next column. One
+// header row and one header column become the headers of the table. A cell is edited by a click or by typing into it;
+// what is typed goes to `onEdit`, and the model's answer is shown. A refused cell holds the hand.
 class GridView : public QTableWidget, public Shows {
     Q_OBJECT
   public:
@@ -23,6 +25,16 @@ class GridView : public QTableWidget, public Shows {
     void SetWhole() { whole_ = true; }
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    bool GoesOn() override;
+
+    // For what paints and edits the cells, with indexes of the table.
+    bool TakesDigitsAlone() const { return digits_; }
+    std::size_t MaxLength() const { return maxLength_; }
+    const Theme& Colours() const { return theme_; }
+    CellMarks MarksAt(const QModelIndex& cell) const;
+    void Edit(const QModelIndex& cell, const QString& text);
+    // The hand stands on a refused cell that must be put right first.
+    bool HoldsHand() const;
 
     // Row and column as the model counts them, headers included.
     std::function<void(int row, int column, const QString& text)> onEdit;
@@ -31,15 +43,17 @@ class GridView : public QTableWidget, public Shows {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
   private:
-    friend class GridDelegate;
     void PlaceAxes();
+    bool IsEditable(int row, int column) const;
     void Point(int row, int column);
+    void OpenEdit(int row, int column);
     void FollowFocusCell(const pages::Control& control);
-    bool Refuses(int row, int column) const;
+    pages::CellPlace PlaceOf(const QModelIndex& cell) const;
     void Fill(const pages::Control& control, const Look& look);
     void FitColumns();
     void Shade(const pages::Control& control, const Look& look);
@@ -49,14 +63,16 @@ class GridView : public QTableWidget, public Shows {
     bool surface_ = false;
     bool whole_ = false;
     bool locked_ = false;
+    bool pending_ = false;  // a refused figure waits to be put right
     bool digits_ = false;
     std::size_t maxLength_ = 0;
     int headerRows_ = 0;  // of the model that are headers of the table
     int headerColumns_ = 0;
-    int markedRow_ = -1;  // of the table
-    int markedColumn_ = -1;
-    pages::CellPlace focusCell_;                  // of the model, as last shown
-    std::vector<pages::CellPlace> refusedCells_;  // of the model
+    // Of the model, as last shown.
+    pages::CellPlace markedCell_;
+    pages::CellPlace focusCell_;
+    std::vector<pages::CellPlace> changedCells_;
+    std::vector<pages::CellPlace> refusedCells_;
     Theme theme_;
 };
 

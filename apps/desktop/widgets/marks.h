@@ -19,8 +19,16 @@ struct Marks {
     bool Any() const { return changed || refused; }
     bool operator==(const Marks&) const = default;
     void Draw(QPainter& painter, const QRect& inside, const Theme& theme) const;
-    // A refused cell of a table has no room for an exclamation mark: a filled corner takes its place.
-    static void DrawRefusedCell(QPainter& painter, const QRect& cell, const Theme& theme);
+};
+
+// The same for a cell of a table, which has no room beside its figure: a filled corner at the left when it is changed,
+// a thick frame and a filled corner at the right when it is refused. The cell that the engine is in has a frame too.
+struct CellMarks {
+    bool engine = false;
+    bool changed = false;
+    bool refused = false;
+
+    void Draw(QPainter& painter, const QRect& cell, const Theme& theme) const;
 };
 
 inline Marks MarksOf(const pages::Control& control) {

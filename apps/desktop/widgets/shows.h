@@ -10,6 +10,8 @@ class Shows {
   public:
     virtual ~Shows() = default;
     virtual void Show(const pages::Control& control, const Look& look) = 0;
+    // Enter goes on within the view, where it can; false: to the next control.
+    virtual bool GoesOn() { return false; }
 };
 
 }  // namespace desktop
