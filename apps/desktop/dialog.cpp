@@ -16,21 +16,25 @@ bool Runs(const PagePlan& plan) {
                        [](const pages::Control* bar) { return bar->Visible(); });
 }
 
-bool Refuses(const PagePlan& plan) {
-    const auto refused = [](const FieldRow& row) { return row.value->Refused(); };
-    return std::any_of(plan.rows.begin(), plan.rows.end(), refused) ||
-           std::any_of(plan.tables.begin(), plan.tables.end(), refused);
+bool IsRefused(const pages::Control* value) {
+    return value->Refused() && value->Visible();
+}
+
+bool Refuses(const LimitLabels& labels) {
+    return std::any_of(labels.begin(), labels.end(), [](const LimitLabel& label) {
+        return std::any_of(label.values.begin(), label.values.end(), IsRefused);
+    });
 }
 
 // By what the message tells. Each has a shape of its own; a plain one has the picture of its page.
 constexpr std::array<const char*, 5> TonePictures{nullptr, "busy", "done", "exclamation", "stop"};
 
-const char* StripPicture(const pages::Page& page, const PagePlan& plan) {
+const char* StripPicture(const pages::Page& page, const PagePlan& plan, bool refuses) {
     if (plan.strip->Text().empty()) return "";
     if (!page.Enabled() || Runs(plan)) return "busy";
     const char* const told = TonePictures[static_cast<std::size_t>(plan.strip->GetTone())];
     if (told != nullptr) return told;
-    return Refuses(plan) ? "exclamation" : plan.stripPicture;
+    return refuses ? "exclamation" : plan.stripPicture;
 }
 
 // What the window manager draws around a window.
@@ -70,15 +74,18 @@ void Dialog::ShowTitle() {
 }
 
 void Dialog::ShowStripPicture() {
-    parts_.stripPicture->SetName(QString::fromLatin1(StripPicture(page_, plan_)));
+    parts_.stripPicture->SetName(QString::fromLatin1(StripPicture(page_, plan_, Refuses(parts_.limits))));
 }
 
-// What the message says of a refused value stands beside its field too, where the eye is.
+// What the message says of a refused value stands beside it too, where the eye is; that the unit is silent says nothing
+// of the value.
 void Dialog::ShowLimits() {
+    const bool ofValue = plan_.strip->GetTone() != pages::Tone::Failed;
+    const QString words = Words(plan_.strip->Text());
     for (const LimitLabel& limits : parts_.limits) {
-        const bool refused = limits.field->Refused() && limits.field->Visible();
+        const bool refused = ofValue && std::any_of(limits.values.begin(), limits.values.end(), IsRefused);
+        if (refused && limits.words->text() != words) limits.words->setText(words);
         if (limits.words->isHidden() == !refused) continue;
-        limits.words->setText(Words(plan_.strip->Text()));
         limits.words->setVisible(refused);
         for (const pages::Control* covered : limits.covered) {
             if (covered != nullptr) view_.WidgetOf(*covered)->setVisible(!refused && covered->Visible());

@@ -94,19 +94,26 @@ void FieldsBuilder::AddRow(const FieldRow& fields) {
     if (fields.unit != nullptr) OneLine(WidgetOf(*fields.unit));
     Put(fields.action, row, Action);
     if (fields.label != nullptr) view_.SetNameOf(*fields.label, *fields.value);
-    if (fields.value->GetKind() == pages::Kind::Field) AddLimits(row, fields);
+    AddLimits(row, fields);
 }
 
 void FieldsBuilder::AddLimits(int row, const FieldRow& fields) {
     if (plan_.strip == nullptr) return;
+    grid_->addWidget(MakeLimits({fields.value}, {fields.unit, fields.action}), row, Unit, 1,
+                     fields.action == nullptr ? 1 : Action - Unit + 1);
+}
+
+QLabel* FieldsBuilder::MakeLimits(std::vector<const pages::Control*> values,
+                                  std::array<const pages::Control*, 2> covered) {
     auto* limits = new CaptionLabel(&parent_);
+    limits->setObjectName(QString::fromStdString(values.front()->Name()) + QStringLiteral("Limiti"));
     limits->SetRoom(MostLimitChars, LeastLimitChars);
     QPalette palette = limits->palette();
     palette.setColor(QPalette::WindowText, look_.theme.bad);
     limits->setPalette(palette);
     limits->hide();
-    grid_->addWidget(limits, row, Unit, 1, fields.action == nullptr ? 1 : Action - Unit + 1);
-    limits_.push_back({fields.value, {fields.unit, fields.action}, limits});
+    limits_.push_back({std::move(values), covered, limits});
+    return limits;
 }
 
 // The initial values end where their column does, those to be edited begin where theirs does: so the heads of both
@@ -114,7 +121,8 @@ void FieldsBuilder::AddLimits(int row, const FieldRow& fields) {
 void FieldsBuilder::AddTable(const FieldRow& table) {
     const int row = RowOf(table.label);
     if (row + 1 == next_) ++next_;
-    Put(table.label, row, Caption, ColumnCount);
+    Put(table.label, row, Caption, Value - Caption);
+    if (plan_.strip != nullptr) grid_->addWidget(MakeLimits({table.value}), row, Value, 1, ColumnCount - Value);
     for (const pages::Control* grid : {table.initial, table.value}) static_cast<GridView&>(WidgetOf(*grid)).SetWhole();
     if (table.label != nullptr) view_.SetNameOf(*table.label, *table.value);
     Put(table.initial, row + 1, Caption, Value - Caption, Qt::AlignTop | Qt::AlignRight);
@@ -135,6 +143,12 @@ void FieldsBuilder::AddAxes() {
     auto* captions = new QHBoxLayout;
     for (const pages::Control* caption : {axes.rowCaption, axes.columnCaption}) {
         if (caption != nullptr) captions->addWidget(&WidgetOf(*caption), 1);
+    }
+    if (plan_.strip != nullptr) {
+        std::vector<const pages::Control*> edited(axes.columns.begin(), axes.columns.end());
+        edited.insert(edited.end(), axes.rows.begin(), axes.rows.end());
+        edited.push_back(axes.grid);
+        captions->addWidget(MakeLimits(std::move(edited)));
     }
     grid_->addLayout(captions, next_++, Caption, 1, ColumnCount);
     grid_->addWidget(&table, next_++, Caption, 1, ColumnCount);

@@ -12,10 +12,10 @@
 
 namespace desktop {
 
-// Beside a field: why its value was refused, in the place of its unit, which the words name too, and of its button,
-// which does nothing meanwhile.
+// Where the eye is: why a value was refused. Beside a field in the place of its unit, and of its button, which does
+// nothing meanwhile; above a table.
 struct LimitLabel {
-    const pages::Control* field;
+    std::vector<const pages::Control*> values;
     std::array<const pages::Control*, 2> covered;  // may be null
     QLabel* words;
 };
@@ -37,6 +37,8 @@ class FieldsBuilder {
     void AddHeads();
     void AddRow(const FieldRow& fields);
     void AddLimits(int row, const FieldRow& fields);
+    QLabel* MakeLimits(std::vector<const pages::Control*> values,
+                       std::array<const pages::Control*, 2> covered = {nullptr, nullptr});
     void AddTable(const FieldRow& table);
     void AddAxes();
     void AddWide();

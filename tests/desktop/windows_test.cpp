@@ -152,6 +152,58 @@ TEST(Windows, ARefusedCellBelowTheEdgeComesIntoSight) {
     EXPECT_EQ(table.viewport()->visibleRegion().intersected(cell).boundingRect(), cell);
 }
 
+// Beside a list, above a table, above the axes of the base map; silence of the unit is no limit of a figure.
+TEST(Windows, ARefusedValueHasItsLimitsWhereTheEyeIs) {
+    constexpr int Idle = 2;
+    constexpr int BaseMap = 14;
+    Workshop shop;
+    shop.BeginLive();
+    const auto open = [&](int entry) {
+        shop.Choose(MenuId::MenuPunto, entry);
+        shop.RunUntil([&] { return shop.program.link.state.StatoCmd == eculink::Idle; }, 60000);
+        shop.Pass(1000);
+    };
+    const auto expectLimits = [&](pages::Page& page, const char* label, const std::string& words) {
+        shop.windows.Sync();
+        const auto& limits = shop.Find<QLabel>(page, label);
+        EXPECT_EQ(limits.isVisible() ? limits.text().toStdString() : std::string(), words) << label;
+        EXPECT_EQ(shop.Find<desktop::PictureView>(page, "SegnalazioneFigura").Name() == "exclamation", !words.empty())
+            << label;
+    };
+    pages::Page& messaP = shop.program.tuning.messaP;
+    pages::Control& message = *messaP.Find("Segnalazione");
+    open(Idle);
+    pages::Control& list = *messaP.Find("Inibiz");
+    list.SetRefused(true);
+    message.Say(pages::Tone::Refused, "no - yes");
+    expectLimits(messaP, "InibizLimiti", "no - yes");
+    message.Say(pages::Tone::Failed, "no answer");
+    expectLimits(messaP, "InibizLimiti", "");
+    list.SetRefused(false);
+    shop.Stack().ClosePage(messaP);
+    shop.Pass(10000);
+
+    open(0);
+    shop.Stack().Press(*messaP.Find("SoglieLam"));
+    pages::Control& table = *messaP.Find("T_LamSup");
+    shop.Stack().EditCell(table, 0, 0, "9999999");
+    ASSERT_TRUE(table.Refused());
+    ASSERT_FALSE(message.Text().empty());
+    expectLimits(messaP, "T_LamSupLimiti", message.Text());
+    shop.Stack().EditCell(table, 0, 0, "");
+    expectLimits(messaP, "T_LamSupLimiti", "");
+    shop.Stack().ClosePage(messaP);
+    shop.Pass(10000);
+
+    open(BaseMap);
+    pages::Page& map = shop.program.tuning.messaL1;
+    shop.Stack().Press(*map.Find("Modifica"));
+    shop.Stack().Edit(*map.Find("Giri(15)"), "99999");
+    shop.Stack().Key(map, "Enter");
+    ASSERT_TRUE(map.Find("Giri(15)")->Refused());
+    expectLimits(map, "Giri(0)Limiti", map.Find("Segnalazione")->Text());
+}
+
 // Done, refused and failed are told apart by a shape, whatever the page; what runs comes first.
 TEST(Windows, ThePictureOfAMessageIsThatOfItsKind) {
     constexpr int OverSpeed = 4;
