@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QLayout>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStatusTipEvent>
 #include <algorithm>
 #include <array>
@@ -93,11 +94,12 @@ void Dialog::ShowLimits() {
     }
 }
 
-void Dialog::Present(QWidget& parent, const QRect& area) {
+void Dialog::Present(QWidget& parent, const PageAreas& areas) {
     if (parentWidget() != &parent) setParent(&parent, windowFlags());
     Sync();
     if (isVisible()) return;
-    area_ = area.marginsRemoved(FrameOf(parent));
+    areas_ = areas;
+    for (QRect& area : areas_) area = area.marginsRemoved(FrameOf(parent));
     Place();
     if (page_.Modal()) {
         open();
@@ -107,7 +109,26 @@ void Dialog::Present(QWidget& parent, const QRect& area) {
     }
 }
 
-// In the middle of the area, as large as the page wants or as the hand left it.
+// A page is folded, and scrolled up and down, rather than hide more; but it does not scroll sideways. A bar that comes
+// and goes moves no window.
+void Dialog::ChooseArea() {
+    QSize least = layout()->totalMinimumSize();
+    for (const QScrollArea* scroll : findChildren<QScrollArea*>()) {
+        const int inside =
+            scroll->widget()->minimumSizeHint().width() + scroll->verticalScrollBar()->sizeHint().width();
+        least.rwidth() += std::max(0, inside - scroll->minimumSizeHint().width());
+    }
+    for (const pages::Control* bar : plan_.progress) {
+        if (bar->Visible()) least.rheight() -= view_.WidgetOf(*bar)->minimumSizeHint().height() + layout()->spacing();
+    }
+    const auto fits = [&least](const QRect& area) {
+        return least.width() <= area.width() && least.height() <= area.height();
+    };
+    const auto found = std::find_if(areas_.begin(), areas_.end(), fits);
+    area_ = found == areas_.end() ? areas_.back() : *found;
+}
+
+// In the middle, as large as the page wants or as the hand left it.
 void Dialog::Place() {
     // What was shown or hidden while the window was hidden has told nobody, least of all through what scrolls.
     for (QScrollArea* scroll : findChildren<QScrollArea*>()) {
@@ -116,12 +137,16 @@ void Dialog::Place() {
     }
     layout()->invalidate();
     layout()->activate();
+    ChooseArea();
     PutInMiddle(Wanted(0).expandedTo(byHand_));
 }
 
 void Dialog::PutInMiddle(QSize size) {
     placed_ = QRect(QPoint(0, 0), size.boundedTo(area_.size()));
-    placed_.moveCenter(area_.center());
+    placed_.moveCenter(areas_.back().center());
+    placed_.moveRight(std::min(placed_.right(), area_.right()));
+    placed_.moveBottom(std::min(placed_.bottom(), area_.bottom()));
+    placed_.moveLeft(std::max(placed_.left(), area_.left()));
     placed_.moveTop(std::max(placed_.top(), area_.top()));
     setGeometry(placed_);
 }
@@ -136,8 +161,11 @@ QSize Dialog::Wanted(int wide) const {
 
 // A page that shows more than before gets its room, as far as the area allows.
 void Dialog::Grow() {
-    const QSize grown = size().expandedTo(Wanted(width()).boundedTo(area_.size()));
     const bool middle = geometry().topLeft() == placed_.topLeft();
+    const QRect before = area_;
+    ChooseArea();
+    if (middle && area_ != before) return Place();
+    const QSize grown = size().expandedTo(Wanted(width()).boundedTo(area_.size()));
     if (grown == (middle ? placed_.size() : size()) || grown == byHand_) return;
     if (middle) return PutInMiddle(grown);
     QRect inside(geometry().topLeft(), grown);

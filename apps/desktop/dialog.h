@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <array>
 #include <functional>
 
 #include "desktop/binder.h"
@@ -8,6 +9,9 @@
 #include "desktop/layout.h"
 
 namespace desktop {
+
+// Where a page may stand: places that hide less come first, the last one is all there is.
+using PageAreas = std::array<QRect, 3>;
 
 // The window of a page. It closes when the page does, not by itself.
 class Dialog : public QDialog {
@@ -17,8 +21,9 @@ class Dialog : public QDialog {
     Dialog(pages::Page& page, Hands& hands, const Look& look, std::function<void(const QString&)> hint);
 
     PageView& View() { return view_; }
-    // Shows the page above `parent`, in the middle of `area` (global), modal or not.
-    void Present(QWidget& parent, const QRect& area);
+    // Shows the page above `parent`, modal or not, in the first of the areas (global) that has room for it, as near to
+    // the middle of them all as it can stand there.
+    void Present(QWidget& parent, const PageAreas& areas);
     // Brings the window up to date with its page.
     void Sync();
 
@@ -34,6 +39,7 @@ class Dialog : public QDialog {
     void ShowTitle();
     void ShowStripPicture();
     void ShowLimits();
+    void ChooseArea();
     void Place();
     void PutInMiddle(QSize size);
     QSize Wanted(int wide) const;
@@ -45,7 +51,8 @@ class Dialog : public QDialog {
     PagePlan plan_;
     PageView view_;
     DialogParts parts_;
-    QRect area_;
+    PageAreas areas_;
+    QRect area_;    // the one that is used
     QRect placed_;  // where the page put the window last, in the middle
     QSize given_;   // the size that the program gave it last
     QSize byHand_;  // what the hand made of it

@@ -30,7 +30,7 @@ constexpr int LiveChars = 5;
 constexpr double FewPoints = 18;
 constexpr int FewChars = 4;
 constexpr int Spacing = 10;
-constexpr int PageMargin = 16;
+constexpr int PageMargin = 14;
 // The least that is shown of what scrolls.
 constexpr int ScrollChars = 80;
 constexpr int ScrollLines = 6;

@@ -6,7 +6,9 @@
 #include <QPushButton>
 #include <QStackedLayout>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
+#include <string>
 
 #include "desktop/widgets/card_grid.h"
 #include "desktop/widgets/chart_view.h"
@@ -163,37 +165,63 @@ QWidget* GraficiView::BuildSwitch() {
     auto* side = new QWidget(this);
     switch_ = side;
     auto* column = new QVBoxLayout(side);
-    column->setContentsMargins(0, Margin, 0, Margin);
+    column->setContentsMargins(0, Margin, 0, 0);
     auto* picture = new PictureView(side, SwitchLines);
     picture->setObjectName(QStringLiteral("Commu"));
     column->addWidget(picture, 0, Qt::AlignHCenter);
-    QLabel* words = WrappedLabel(side, "CommuTesto", 1.1, true);
-    words->setAlignment(Qt::AlignHCenter);
-    column->addWidget(words);
+    switchWords_ = WrappedLabel(side, "CommuTesto", 1.1, true);
+    switchWords_->setAlignment(Qt::AlignHCenter);
+    column->addWidget(switchWords_);
     column->addSpacing(2 * Margin);
     auto* centre = new LampView(side, CentreLampLines);
     centre->setObjectName(QStringLiteral("LedC"));
     column->addWidget(centre, 0, Qt::AlignHCenter);
     centreCaption_ = Caption(side);
     column->addWidget(centreCaption_);
-    column->addSpacing(2 * Margin);
-    auto* row = new QHBoxLayout;
+    column->addStretch();
+    rowCaption_ = Caption(side);
+    column->addWidget(rowCaption_);
+    column->addWidget(BuildLampRow(side));
+    return side;
+}
+
+// At the bottom, where it stays in sight below a page that is as wide as the window.
+QWidget* GraficiView::BuildLampRow(QWidget* parent) {
+    lamps_ = new QWidget(parent);
+    auto* row = new QHBoxLayout(lamps_);
+    row->setContentsMargins(0, 0, 0, 0);
     row->addStretch();
     for (int lamp = 0; lamp < eculink::LedCount; ++lamp) {
-        auto* view = new LampView(side, RowLampLines);
+        auto* view = new LampView(lamps_, RowLampLines);
         view->setObjectName(Indexed("Led", lamp));
         row->addWidget(view);
     }
     row->addStretch();
-    column->addLayout(row);
-    rowCaption_ = Caption(side);
-    column->addWidget(rowCaption_);
-    column->addStretch();
-    return side;
+    return lamps_;
+}
+
+QRect GraficiView::SwitchColumn() const {
+    return switch_->geometry();
+}
+
+QRect GraficiView::LampRow() const {
+    return {lamps_->mapTo(this, QPoint(0, 0)), lamps_->size()};
+}
+
+// A switch that is moved moves nothing beside it, least of all under a page that stands there.
+void GraficiView::KeepSwitchWide() {
+    constexpr int Positions = 4;
+    int widest = 0;
+    for (int position = 0; position < Positions; ++position) {
+        const QString words = look_.Text("COMMUT." + std::to_string(position), "GRAFICI");
+        widest = std::max(widest, switchWords_->fontMetrics().horizontalAdvance(words));
+    }
+    switchWords_->setMinimumWidth(widest);
 }
 
 // The lamps have no caption of their own in the page: the captions beside them name them.
 void GraficiView::NameLamps() {
+    KeepSwitchWide();
     const QString centre = look_.Text("LEDC.0", "GRAFICI");
     const QString row = look_.Text("LED.0", "GRAFICI");
     centreCaption_->setText(centre);

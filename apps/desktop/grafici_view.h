@@ -26,6 +26,9 @@ class GraficiView : public QWidget {
     GraficiView(eculink::Link& link, Hands& hands, const Look& look);
 
     PageView& View() { return view_; }
+    // Where the switch and the lamps stand, and of these the row of lamps alone.
+    QRect SwitchColumn() const;
+    QRect LampRow() const;
     void Sync();
 
   private:
@@ -33,6 +36,8 @@ class GraficiView : public QWidget {
     QWidget* BuildMiddle();
     QWidget* BuildWaiting();
     QWidget* BuildSwitch();
+    QWidget* BuildLampRow(QWidget* parent);
+    void KeepSwitchWide();
     void NameLamps();
     void ShowLink(LinkLook now);
 
@@ -43,6 +48,8 @@ class GraficiView : public QWidget {
     QStackedLayout* middle_ = nullptr;
     QWidget* waiting_ = nullptr;
     QWidget* switch_ = nullptr;
+    QWidget* lamps_ = nullptr;
+    QLabel* switchWords_ = nullptr;
     PictureView* waitingPicture_ = nullptr;
     QLabel* lost_ = nullptr;
     QLabel* centreCaption_ = nullptr;

@@ -31,9 +31,17 @@ MainWindow::MainWindow(eculink::Link& link, Hands& hands, const Look& look)
     view_.BindAll();
 }
 
-QRect MainWindow::PageArea() const {
-    const QRect inside = tools_->geometry() | grafici_->geometry();
-    return {centralWidget()->mapToGlobal(inside.topLeft()), inside.size()};
+PageAreas MainWindow::Areas() const {
+    const QRect all = tools_->geometry() | grafici_->geometry();
+    const QPoint origin = grafici_->pos();
+    const QRect column = grafici_->SwitchColumn().translated(origin);
+    QRect beside = all;
+    beside.setRight(column.left() - 1);
+    QRect above = all;
+    above.setBottom(grafici_->LampRow().translated(origin).top() - 1);
+    PageAreas areas{beside, above, all};
+    for (QRect& area : areas) area.moveTopLeft(centralWidget()->mapToGlobal(area.topLeft()));
+    return areas;
 }
 
 void MainWindow::Sync() {

@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <memory>
 
+#include "desktop/dialog.h"
 #include "desktop/grafici_view.h"
 #include "desktop/menu_views.h"
 #include "desktop/status_strip.h"
@@ -20,8 +21,9 @@ class MainWindow : public QMainWindow {
     GraficiView& Instruments() { return *grafici_; }
     PageView& View() { return view_; }
     MenuViews& Menus() { return *menus_; }
-    // Where a page may stand without hiding the lamps, in coordinates of the screen.
-    QRect PageArea() const;
+    // Where a page may stand, in coordinates of the screen: beside the switch and the lamps; above the row of lamps;
+    // over everything but menus and status bar.
+    PageAreas Areas() const;
     void Sync();
 
   protected:

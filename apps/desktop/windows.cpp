@@ -75,7 +75,7 @@ void Windows::FollowStack() {
             dialog->hide();
     }
     for (Dialog* dialog : open_) {
-        dialog->Present(*below, main_->PageArea());
+        dialog->Present(*below, main_->Areas());
         below = dialog;
     }
 }

@@ -113,7 +113,11 @@ void ExpectReadable(Workshop& shop, const pages::Page& page) {
     EXPECT_EQ(CutTexts(window), Faults());
     EXPECT_EQ(HiddenBySide(window), Faults());
     const QRect place = window.geometry();
-    EXPECT_EQ(place, place.intersected(shop.windows.Main().PageArea()));
+    EXPECT_EQ(place, place.intersected(shop.windows.Main().Areas().back()));
+    for (int lamp = 0; lamp < eculink::LedCount; ++lamp) {
+        const auto& view = shop.InMain<QWidget>(("Led(" + std::to_string(lamp) + ")").c_str());
+        EXPECT_FALSE(place.intersects(QRect(view.mapToGlobal(QPoint(0, 0)), view.size()))) << "a lamp is hidden";
+    }
 }
 
 // The smallest screen, and one of 1920 x 1080 whose letters are twice as large.
@@ -148,7 +152,8 @@ TEST_P(SmallScreen, NothingIsCut) {
 
 INSTANTIATE_TEST_SUITE_P(Reading, SmallScreen,
                          testing::Combine(testing::ValuesIn(Languages),
-                                          testing::Values(std::pair{1024, 600}, std::pair{960, 540})));
+                                          testing::Values(std::pair{1024, 768}, std::pair{1024, 600},
+                                                          std::pair{960, 540})));
 
 TEST(Reading, AccessKeysAreUniqueInEachMenuAndPage) {
     for (const char* language : Languages) {
