@@ -5,6 +5,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QSignalBlocker>
 #include <array>
 #include <cstdlib>
@@ -46,10 +47,31 @@ QWidget* MakeLabel(const Control&, QWidget* parent) {
     return new CaptionLabel(parent);
 }
 
+// A path keeps together, behind a bracket too. One that is long must be folded somewhere.
+QString KeepPaths(const QString& text) {
+    constexpr int LongestKept = 30;
+    const QString joiner(QChar(0x2060));
+    static const QRegularExpression path(QStringLiteral("(?<![^\\s(\"'])/[^\\s/][^\\s]*"));
+    QString kept;
+    qsizetype done = 0;
+    for (auto found = path.globalMatch(text); found.hasNext();) {
+        const QRegularExpressionMatch match = found.next();
+        if (match.capturedLength() > LongestKept) continue;
+        kept += text.mid(done, match.capturedStart() - done);
+        for (const QChar c : match.captured()) {
+            kept += c;
+            if (c == QLatin1Char('/') || c == QLatin1Char('-')) kept += joiner;
+        }
+        done = match.capturedEnd();
+    }
+    return kept + text.mid(done);
+}
+
 // Captions are written with blanks around and before their colon, which must not stand in a line by itself.
 QString LabelText(const std::string& text) {
     constexpr QChar Unbreakable(0x00A0);
-    return Words(platform::Trim(text)).replace(QStringLiteral(" :"), Unbreakable + QStringLiteral(":"));
+    const QString words = Words(platform::Trim(text)).replace(QStringLiteral(" :"), Unbreakable + QStringLiteral(":"));
+    return words.contains(QLatin1Char('/')) ? KeepPaths(words) : words;
 }
 
 void PushLabel(const Control& control, QWidget& widget, const Look& look) {

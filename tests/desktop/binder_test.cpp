@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
+#include <QTextLayout>
 #include <QVBoxLayout>
 
 #include "desktop/widgets/field_edit.h"
@@ -120,6 +121,36 @@ TEST(Binder, EachKindShowsWhatItsControlHolds) {
     EXPECT_EQ(bench.Of<QPushButton>(page.Save).text(), "&Save  F1");
     for (const pages::Control* control : page.Controls())
         EXPECT_EQ(bench.view.WidgetOf(*control)->objectName().toStdString(), control->Name());
+}
+
+// A path is read, and typed elsewhere, in one piece; one that is longer than a line is folded all the same.
+TEST(Binder, APathInASentenceIsNotBroken) {
+    Bench bench;
+    auto& label = bench.Of<QLabel>(bench.page.Heading);
+    const QChar joiner(0x2060);
+    const auto shown = [&](const char* text) {
+        bench.page.Heading.SetText(text);
+        bench.view.Sync();
+        return label.text().replace(joiner, QLatin1Char('|')).toStdString();
+    };
+    struct Case {
+        const char* text;
+        const char* kept;
+    };
+    for (const Case& c :
+         {Case{"Waiting on COM1 (/dev/ttyS0)", "Waiting on COM1 (/|dev/|ttyS0)"},
+          Case{"/dev/pts-3 is forbidden", "/|dev/|pts-|3 is forbidden"},
+          Case{"Soglia T.P.S./M.A.P. : 1", "Soglia T.P.S./M.A.P.\xC2\xA0: 1"}, Case{"giri/min", "giri/min"},
+          Case{"1 / 2", "1 / 2"}, Case{"/dev/serial/by-id/usb-FTDI_FT232R", "/dev/serial/by-id/usb-FTDI_FT232R"}})
+        EXPECT_EQ(shown(c.text), c.kept);
+    // Where the line ends within the path, all of it goes to the next one.
+    shown("Waiting on COM1 (/dev/ttyS0)");
+    QTextLayout layout(label.text(), label.font());
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(label.fontMetrics().horizontalAdvance(QStringLiteral("Waiting on COM1 (/dev/tt")));
+    layout.endLayout();
+    EXPECT_EQ(label.text().left(line.textLength()).toStdString(), "Waiting on COM1 ");
 }
 
 TEST(Binder, EachKindHandsItsInputToThePage) {
