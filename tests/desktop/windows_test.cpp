@@ -252,6 +252,39 @@ TEST(Windows, AReadThatRunsShowsHowFarItIs) {
     EXPECT_EQ(shop.Find<QProgressBar>(shop.program.memory.leggoIn, "Avanzamento").value(), 50);
 }
 
+// Wherever a page has such a control, whatever else it shows.
+TEST(Windows, TheBarOfAnExchangeStandsAboveTheMessage) {
+    struct Erasing : pages::Page {
+        Erasing() : Page("InEEPROM") {
+            MessaggioSel.SetText("a question");
+            Segnalazione.SetText("two\r\nlines");
+            Avanzamento.SetText("40");
+        }
+        pages::Label MessaggioSel{*this, "MessaggioSel"};
+        pages::Label Segnalazione{*this, "Segnalazione"};
+        pages::Label Avanzamento{*this, "Avanzamento"};
+        pages::Button Esci{*this, "Esci"};
+    };
+    Erasing page;
+    pages::PageStack stack;
+    stack.Register(page);
+    stack.OpenPage(page, true);
+    desktop::Hands hands(stack);
+    const shell::Language language;
+    const desktop::Look look{desktop::LightTheme(), language};
+    QWidget parent;
+    desktop::Dialog window(page, hands, look, {});
+    window.Present(parent, {QRect(0, 0, 800, 600), QRect(0, 0, 800, 600), QRect(0, 0, 800, 600)});
+    Workshop::Settle();
+    const auto* bar = window.findChild<QProgressBar*>(QStringLiteral("Avanzamento"));
+    const auto* message = window.findChild<QLabel*>(QStringLiteral("Segnalazione"));
+    ASSERT_NE(bar, nullptr);
+    EXPECT_EQ(bar->value(), 40);
+    EXPECT_TRUE(bar->isVisible());
+    EXPECT_LT(bar->geometry().bottom(), message->geometry().top());
+    EXPECT_EQ(window.findChild<desktop::PictureView*>(QStringLiteral("SegnalazioneFigura"))->Name(), "busy");
+}
+
 TEST(MainWindow, MenusAndToolbarFollowTheirTables) {
     Workshop shop;
     shop.BeginLive();
