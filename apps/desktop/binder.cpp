@@ -170,8 +170,8 @@ bool PageView::KeyOn(const Bound& bound, const QKeyEvent& event) {
     }
     if (name == "Enter") {
         if (page_.Focus() != bound.control) return false;
-        auto* shows = dynamic_cast<Shows*>(bound.widget);
-        return (shows != nullptr && shows->GoesOn()) || hands_.Key(page_, name);
+        const auto* shows = dynamic_cast<const Shows*>(bound.widget);
+        return (shows != nullptr && shows->HoldsHand()) || hands_.Key(page_, name);
     }
     return IsCommand(event) && hands_.Key(page_, name);
 }

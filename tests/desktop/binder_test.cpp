@@ -321,7 +321,7 @@ TEST(Table, ARefusedCellHoldsTheHandUntilItIsPutRight) {
         EXPECT_EQ(bench.edits.size(), 1U) << "refused once, told once";
         bench.edits.clear();
     }
-    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_End}) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Right, Qt::Key_End}) {
         bench.Key(key);
         EXPECT_EQ(bench.Hand(), Place(0, 0));
     }

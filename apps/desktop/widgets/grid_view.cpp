@@ -99,20 +99,6 @@ void GridView::Edit(const QModelIndex& cell, const QString& text) {
     if (onEdit) onEdit(place.row, place.column, text);
 }
 
-bool GridView::GoesOn() {
-    if (locked_ || HoldsHand()) return false;
-    const int cells = rowCount() * columnCount();
-    const int first = currentIndex().isValid() ? currentColumn() * rowCount() + currentRow() + 1 : 0;
-    for (int cell = first; cell < cells; ++cell) {
-        const int row = cell % rowCount();
-        const int column = cell / rowCount();
-        if (!IsEditable(row, column)) continue;
-        setCurrentCell(row, column);
-        return true;
-    }
-    return false;
-}
-
 // The page moves the hand when it has something to say of another cell.
 void GridView::FollowFocusCell(const pages::Control& control) {
     if (control.FocusCell() == focusCell_) return;

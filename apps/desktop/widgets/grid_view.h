@@ -7,9 +7,9 @@
 
 namespace desktop {
 
-// A table of figures, moved about with the arrow keys; Enter goes down, and from the last row to the next column. One
-// header row and one header column become the headers of the table. A cell is edited by a click or by typing into it;
-// what is typed goes to `onEdit`, and the model's answer is shown. A refused cell holds the hand.
+// A table of figures, moved about with the arrow keys. One header row and one header column become the headers of the
+// table. A cell is edited by a click or by typing into it; what is typed goes to `onEdit`, and the model's answer is
+// shown. A refused cell holds the hand.
 class GridView : public QTableWidget, public Shows {
     Q_OBJECT
   public:
@@ -25,7 +25,7 @@ class GridView : public QTableWidget, public Shows {
     void SetWhole() { whole_ = true; }
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
-    bool GoesOn() override;
+    bool HoldsHand() const override;
 
     // For what paints and edits the cells, with indexes of the table.
     bool TakesDigitsAlone() const { return digits_; }
@@ -33,8 +33,6 @@ class GridView : public QTableWidget, public Shows {
     const Theme& Colours() const { return theme_; }
     CellMarks MarksAt(const QModelIndex& cell) const;
     void Edit(const QModelIndex& cell, const QString& text);
-    // The hand stands on a refused cell that must be put right first.
-    bool HoldsHand() const;
 
     // Row and column as the model counts them, headers included.
     std::function<void(int row, int column, const QString& text)> onEdit;

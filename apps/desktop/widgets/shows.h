@@ -10,8 +10,8 @@ class Shows {
   public:
     virtual ~Shows() = default;
     virtual void Show(const pages::Control& control, const Look& look) = 0;
-    // Enter goes on within the view, where it can; false: to the next control.
-    virtual bool GoesOn() { return false; }
+    // What must be put right first keeps even Enter from going on.
+    virtual bool HoldsHand() const { return false; }
 };
 
 }  // namespace desktop
