@@ -32,8 +32,17 @@ void FieldEdit::Show(const pages::Control& control, const Look& look) {
     // What is refused will be typed anew.
     if (control.Refused() && !marks_.refused) selectAll();
     marks_ = MarksOf(control);
-    setTextMargins(marks_.Any() ? Marks::Width : 0, 0, 0, 0);
+    PlaceMarks();
     update();
+}
+
+void FieldEdit::PlaceMarks() {
+    setTextMargins(marks_.Any() && HasRoom() ? Marks::Width : 0, 0, 0, 0);
+}
+
+void FieldEdit::resizeEvent(QResizeEvent* event) {
+    QLineEdit::resizeEvent(event);
+    PlaceMarks();
 }
 
 // The caret keeps its distance from the end, where the figures grow.
@@ -71,7 +80,8 @@ void FieldEdit::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
     if (!marks_.Any()) return;
     QPainter painter(this);
-    marks_.Draw(painter, rect(), *theme_);
+    if (HasRoom()) return marks_.Draw(painter, rect(), *theme_);
+    CellMarks{false, marks_.changed, marks_.refused}.Draw(painter, rect(), *theme_);
 }
 
 }  // namespace desktop

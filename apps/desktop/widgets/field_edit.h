@@ -7,7 +7,7 @@
 
 namespace desktop {
 
-// An edit line with the marks of an edited value.
+// An edit line with the marks of an edited value, those of a cell where it is as narrow as one.
 class FieldEdit : public QLineEdit, public Shows {
     Q_OBJECT
   public:
@@ -19,8 +19,12 @@ class FieldEdit : public QLineEdit, public Shows {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
+    // Beside its text there is room for a mark; a line in a cell of a table has none.
+    bool HasRoom() const { return width() >= room_; }
+    void PlaceMarks();
     void ShowText(const QString& shown);
     void SetRoom(int characters);
     void ShowLocked(bool locked);
