@@ -111,6 +111,7 @@ class Studio {
         Pass(Settle);
         SaveOpen(shot.name);
         ShootTables(shot.name);
+        ShootBaseMap(shot.name);
         ShootEdits(shot.name);
         while (Program().shell.stack.Open().size() > 2)
             Program().shell.stack.ClosePage(*Program().shell.stack.Open().back());
@@ -127,19 +128,22 @@ class Studio {
             Program().shell.stack.Press(*control);
             Pass(Settle);
             SaveOpen(name + "-" + control->Name());
-            ShootRefusedCell(page, name + "-" + control->Name());
+            ShootCells(page, name + "-" + control->Name());
             Program().shell.stack.Press(*control);
             Pass(0);
         }
     }
 
-    // The first cell of the last table on the screen refused; an empty text brings its figure back.
-    void ShootRefusedCell(const pages::Page& page, const std::string& name) {
+    // The first cells of the last table on the screen changed, then the first of them refused; an empty text brings its
+    // figure back.
+    void ShootCells(const pages::Page& page, const std::string& name) {
         pages::Control* table = nullptr;
         for (pages::Control* control : page.Controls()) {
             if (control->GetKind() == pages::Kind::Grid && control->Visible() && control->onCell) table = control;
         }
         if (table == nullptr) return;
+        ChangeCells(*table);
+        SaveOpen(name + "-changed");
         const auto type = [&](const char* text) {
             Program().shell.stack.EditCell(*table, table->HeaderRows(), table->HeaderColumns(), text);
         };
@@ -147,6 +151,34 @@ class Studio {
         Pass(Settle);
         SaveOpen(name + "-refused");
         type("");
+    }
+
+    // Two cells, one below the other, get the next figure.
+    void ChangeCells(pages::Control& table) {
+        constexpr int Changed = 2;
+        const int column = table.HeaderColumns();
+        for (int row = table.HeaderRows(); row < table.HeaderRows() + Changed; ++row) {
+            const auto& cells = table.GetCells();
+            if (static_cast<std::size_t>(row) >= cells.size()) break;
+            const int figure =
+                std::atoi(cells[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)].c_str());
+            Program().shell.stack.EditCell(table, row, column, std::to_string(figure + 1));
+        }
+        Pass(Settle);
+    }
+
+    // The base map while it is edited: changed cells, then a breakpoint that is refused.
+    void ShootBaseMap(const std::string& name) {
+        pages::Page& page = *Program().shell.stack.Open().back();
+        pages::PageStack& stack = Program().shell.stack;
+        if (&page != &Program().tuning.messaL1) return;
+        stack.Press(Program().tuning.messaL1.Modifica);
+        ChangeCells(Program().tuning.messaL1.LambdaRicco);
+        SaveOpen(name + "-changed");
+        stack.Edit(*page.Find("Giri(15)"), "99999");
+        stack.Key(page, "Enter");
+        Pass(Settle);
+        SaveOpen(name + "-refused");
     }
 
     // The first figure of the page changed, then the same refused.
