@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <array>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "desktop/windows.h"
 #include "shell/menus.h"
@@ -22,21 +24,43 @@ struct Shop : support::Simulated {
     }
 
     // The largest table of the program, with what it reads.
-    pages::Control& OpenLargestGrid() {
-        pages::Page& page = program.tuning.messaL1;
+    std::vector<pages::Control*> OpenLargestGrid() { return {&GridOf(Open(program.tuning.messaL1, 0), "LambdaRicco")}; }
+
+    // The page that holds the most cells: the thresholds of the map, each table beside its initial values.
+    std::vector<pages::Control*> OpenThresholds() {
+        pages::Page& page = Open(program.tuning.messaP, 0);
+        program.shell.stack.Press(*page.Find("SoglieLam"));
+        windows.Sync();
+        std::vector<pages::Control*> grids;
+        for (const char* name : {"LabRPM", "LabTPS", "T_LamInf", "T_LamSup"}) {
+            grids.push_back(&GridOf(page, name));
+            grids.push_back(grids.back()->beside.initial);
+        }
+        return grids;
+    }
+
+    desktop::Windows windows{program, desktop::LightTheme()};
+
+  private:
+    pages::Page& Open(pages::Page& page, int argument) {
         for (const shell::EntryRow& row : shell::Entries()) {
-            if (row.name == page.Name()) shell::ChooseMenu(program.shell, row.menu, row.index);
+            const bool wanted = row.name == page.Name() && row.argument == argument;
+            if (wanted && !page.IsOpen()) shell::ChooseMenu(program.shell, row.menu, row.index);
         }
         windows.Sync();
         RunUntil([this] { return program.link.state.StatoCmd == eculink::Idle; }, Patience);
         windows.Sync();
-        pages::Control* grid = page.Find("LambdaRicco");
-        if (!page.IsOpen() || grid == nullptr) throw std::runtime_error("the base map did not open");
+        if (!page.IsOpen()) throw std::runtime_error(page.Name() + " did not open");
+        return page;
+    }
+    static pages::Control& GridOf(const pages::Page& page, const char* name) {
+        pages::Control* grid = page.Find(name);
+        if (grid == nullptr || !grid->Visible()) throw std::runtime_error(std::string("no table ") + name);
         return *grid;
     }
-
-    desktop::Windows windows{program, desktop::LightTheme()};
 };
+
+using Tables = std::vector<pages::Control*> (Shop::*)();
 
 // Every instrument, lamp and word of the page gets another look, in turn.
 void ChangeAll(eculink::Grafici& page, bool second) {
@@ -74,26 +98,50 @@ void SyncGraficiAllChanged(benchmark::State& state) {
 }
 BENCHMARK(SyncGraficiAllChanged);
 
-void SyncGridUnchanged(benchmark::State& state) {
+void SyncUnchanged(benchmark::State& state, Tables open) {
     Shop shop;
-    shop.OpenLargestGrid();
+    (shop.*open)();
     for (auto _ : state) shop.windows.Sync();
 }
-BENCHMARK(SyncGridUnchanged);
 
-void SyncGridAllChanged(benchmark::State& state) {
+// Every cell gets another figure, in turn.
+void SyncAllChanged(benchmark::State& state, Tables open) {
     Shop shop;
-    pages::Control& grid = shop.OpenLargestGrid();
-    const std::array<pages::Cells, 2> looks{Filled(grid, "123"), Filled(grid, "87")};
-    const int rows = grid.HeaderRows();
-    const int columns = grid.HeaderColumns();
+    const std::vector<pages::Control*> grids = (shop.*open)();
+    std::array<std::vector<pages::Cells>, 2> looks;
+    std::size_t cells = 0;
+    for (const pages::Control* grid : grids) {
+        looks[0].push_back(Filled(*grid, "123"));
+        looks[1].push_back(Filled(*grid, "87"));
+        const std::size_t rows = grid->GetCells().size() - static_cast<std::size_t>(grid->HeaderRows());
+        cells += rows * (grid->GetCells().front().size() - static_cast<std::size_t>(grid->HeaderColumns()));
+    }
     std::size_t look = 0;
     for (auto _ : state) {
-        grid.SetCells(looks[look = 1 - look], rows, columns);
+        look = 1 - look;
+        for (std::size_t i = 0; i < grids.size(); ++i)
+            grids[i]->SetCells(looks[look][i], grids[i]->HeaderRows(), grids[i]->HeaderColumns());
         shop.windows.Sync();
     }
+    state.counters["cells"] = static_cast<double>(cells);
+}
+
+void SyncGridUnchanged(benchmark::State& state) {
+    SyncUnchanged(state, &Shop::OpenLargestGrid);
+}
+BENCHMARK(SyncGridUnchanged);
+void SyncGridAllChanged(benchmark::State& state) {
+    SyncAllChanged(state, &Shop::OpenLargestGrid);
 }
 BENCHMARK(SyncGridAllChanged);
+void SyncThresholdsUnchanged(benchmark::State& state) {
+    SyncUnchanged(state, &Shop::OpenThresholds);
+}
+BENCHMARK(SyncThresholdsUnchanged);
+void SyncThresholdsAllChanged(benchmark::State& state) {
+    SyncAllChanged(state, &Shop::OpenThresholds);
+}
+BENCHMARK(SyncThresholdsAllChanged);
 
 }  // namespace
 
