@@ -32,7 +32,8 @@ double ChoiceCount(const Row& row, double shown) {
 }
 
 bool IsThrottle(const Row& row, const Context& context) {
-    return (row.conversion == Conversion::CutOffThreshold && !context.cutOffByPressure) ||
+    return row.conversion == Conversion::Throttle ||
+           (row.conversion == Conversion::CutOffThreshold && !context.cutOffByPressure) ||
            (row.conversion == Conversion::IdleThreshold && !context.idleByPressure);
 }
 

@@ -19,7 +19,7 @@ constexpr Text ValveCheck{"ABIEV.", "ABIEV"};
 
 constexpr auto ChangeOverFields = std::to_array<FieldRow>({
     List("TipoCommu", ChangeOverKind, 0),
-    Number("ValCom", 0, Counts, 1),
+    Number("ValCom", 0, Throttle, 1),
     Number("ValCom", 1, Revolutions, 2),
     Number("ValCom", 2, Counts, 3),
     Number("ValCom", 3, Tenths, 4),
@@ -73,8 +73,7 @@ constexpr auto FaultFields = std::to_array<FieldRow>({
     Number("Anom", 3, Tenths, 4),
 });
 
-constexpr auto ChangeOverLive =
-    std::to_array<LiveChannel>({{eculink::Giri}, {eculink::Tps, true}, {eculink::Temperatura}});
+constexpr auto ChangeOverLive = std::to_array<LiveChannel>({{eculink::Giri}, {eculink::Tps}, {eculink::Temperatura}});
 constexpr auto TankLive = std::to_array<LiveChannel>({{eculink::Livello, true}});
 constexpr auto ProbeLive = std::to_array<LiveChannel>({{eculink::Lambda}});
 constexpr auto LoadLive = std::to_array<LiveChannel>({{eculink::Giri}, {eculink::Map}, {eculink::Macro}});

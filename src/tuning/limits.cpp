@@ -116,8 +116,9 @@ struct Reader {
         return 0;
     }
 
-    // The limits of a probe threshold are counts like the threshold itself.
+    // The limits of a threshold of probe or throttle are counts like the threshold itself.
     double Count(const Row& row, double value) const {
+        if (row.conversion == Conversion::Throttle) return ThrottleShown(value, context);
         return row.conversion == Conversion::Lambda ? LambdaShown(value, context) : value;
     }
 };

@@ -213,12 +213,15 @@ constexpr std::span<const TableRow> TablesFrom(std::size_t first, std::size_t co
 constexpr auto ZoneCells = std::to_array<Block>(
     {{3112, 2}, {3136, 2}, {3128, 2}, {3130, 2}, {3108, 2}, {3142, 2}, {3132, 2}, {3134, 2}, {3110, 2}, {3144, 2}});
 
+// The loads of the map are counts.
+constexpr auto MapLive = std::to_array<LiveChannel>(
+    {{eculink::Giri}, {eculink::Map}, {eculink::Tps, true}, {eculink::Lambda}, {eculink::Step}, {eculink::Macro}});
 constexpr auto LambdaLive = std::to_array<LiveChannel>(
     {{eculink::Giri}, {eculink::Map}, {eculink::Tps}, {eculink::Lambda}, {eculink::Step}, {eculink::Macro}});
 constexpr auto ThrottleLive =
     std::to_array<LiveChannel>({{eculink::Giri}, {eculink::Tps}, {eculink::Map}, {eculink::Step}, {eculink::Macro}});
-// Where the threshold of the throttle is a count.
-constexpr auto TransientLive = std::to_array<LiveChannel>(
+// So are the changes of the throttle in the releases map.
+constexpr auto ReleaseLive = std::to_array<LiveChannel>(
     {{eculink::Giri}, {eculink::Tps, true}, {eculink::Map}, {eculink::Step}, {eculink::Macro}});
 constexpr auto RevolutionsLive = std::to_array<LiveChannel>({{eculink::Giri}, {eculink::Macro}});
 constexpr auto ControlLive = std::to_array<LiveChannel>(
@@ -228,12 +231,12 @@ constexpr auto AdaptationLive = std::to_array<LiveChannel>(
 
 // texts of MESSAP
 constexpr std::array<PageRow, 12> Pages{{
-    {"CTRLLAMBDA", "LABLAMBDA.", LambdaFields, TablesFrom(0, 1), ZoneCells, LambdaLive},
+    {"CTRLLAMBDA", "LABLAMBDA.", LambdaFields, TablesFrom(0, 1), ZoneCells, MapLive},
     {"CTRLCUTOFF", "LABCO.", CutOffFields, TablesFrom(1, 1), ZoneCells, ThrottleLive},
     {"CTRLMINIMO", "LABMIN.", IdleFields, {}, {}, LambdaLive},
     {"CTRLPC", "LABPC.", FullLoadFields, TablesFrom(2, 2), {}, LambdaLive},
-    {"CTRLTRANS", "LABTRANS.", TransientFields, TablesFrom(4, 1), {}, TransientLive},
-    {"CTRLRIL", "LABRIL.", ReleaseFields, TablesFrom(5, 1), {}, TransientLive},
+    {"CTRLTRANS", "LABTRANS.", TransientFields, TablesFrom(4, 1), {}, ThrottleLive},
+    {"CTRLRIL", "LABRIL.", ReleaseFields, TablesFrom(5, 1), {}, ReleaseLive},
     {"CTRLFG", "LABFG.", OverSpeedFields, {}, {}, RevolutionsLive},
     {"CTRLFREQ", "LABFREQ.", FrequencyFields, {}, {}, ControlLive},
     {"CTRLSTECHIO", "LABSTECHIO.", StoichiometryFields, {}, {}, ControlLive},

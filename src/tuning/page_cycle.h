@@ -36,8 +36,8 @@ struct DialogRow {
     std::string_view writeLetters;
     eculink::TimeOut writeTimeOut;
     std::array<WorkRow, 4> works;
-    // Leaving puts the initial values back whenever a figure or a working copy differs from them; otherwise only when the
-    // new values were the last tried.
+    // Leaving puts the initial values back whenever a figure or a working copy differs from them; otherwise only when
+    // the new values were the last tried.
     bool restoresEdits;
     // A record's initial value follows each stored cell; otherwise all of them at the end.
     bool storesOneByOne;

@@ -98,7 +98,7 @@ inline constexpr Row Singles[] = {
     {"ValTrans", 3, 3658, NoWorkingCopy, 2, At(0), At(WordLimit)},
     {"ValTrans", 4, 3270, 232, 2, At(0), At(WordLimit)},
     {"TipoPomp", -1, 3652, 223, 1, At(0), At(1), Choice, 2},
-    {"ValTrans", 6, 3660, 185, 2, At(0), At(ConverterLimit)},
+    {"ValTrans", 6, 3660, 185, 2, At(0), At(ConverterLimit), Throttle},
     // Releases
     {"AbilRil", -1, 3726, 167, 1, At(0), At(1), Choice, 2},
     {"ValRil", 1, 3724, 165, 2, At(0), At(WordLimit)},
@@ -162,7 +162,7 @@ inline constexpr Row Singles[] = {
 inline constexpr Row Settings[] = {
     // Change-over
     {"TipoCommu", -1, 3082, NoWorkingCopy, 1, At(0), At(1), Choice, 2},
-    {"ValCom", 0, 3096, 16, 2, At(0), At(ConverterLimit)},
+    {"ValCom", 0, 3096, 16, 2, At(0), At(ConverterLimit), Throttle},
     {"ValCom", 1, 3146, 37, 2, At(1500), At(3000)},
     {"ValCom", 2, 3206, NoWorkingCopy, 2, At(1), At(240)},
     {"ValCom", 3, 3200, NoWorkingCopy, 2, At(0), At(WordLimit)},

@@ -17,6 +17,7 @@ enum class Conversion : std::uint8_t {
     Pressure,         // the cell holds a reading of the manifold sensor, the page shows mbar
     CutOffThreshold,  // throttle or manifold reading, as SogliaTM selects
     IdleThreshold,    // throttle or manifold reading, as SogliaMin selects
+    Throttle,         // reading of the throttle, whatever is selected
     Choice,           // index in a list
     SpeedChoice,      // index in the list of adaptation speeds, whose last entry stands for all others
 };
@@ -40,7 +41,7 @@ struct Bound {
 
 // A parameter of the unit. `name` and `number` are those of its field on the page (`ValMin`, 5); a field that stands
 // alone has the number -1; a spare row has no name. Constant limits are in the unit of the page, except for probe
-// thresholds, whose limits are counts and go through the conversion with the figure.
+// and throttle thresholds, whose limits are counts and go through the conversion with the figure.
 struct Row {
     std::string_view name;
     int number = -1;

@@ -64,7 +64,7 @@ TEST(Conversions, EveryProbeThresholdIsShownAsOne) {
         EXPECT_EQ(tuning::ToShown(RowOf(name), 470, Reduced(1)), 255) << name;
         EXPECT_EQ(tuning::ToRaw(RowOf(name), 255, Reduced(2)), 1023U) << name;
     }
-    for (std::string_view name : {"Giri_Lambda(0)", "Giri_Lambda(24)", "LabTPS(0)", "ValPC(0)", "ValTrans(6)"}) {
+    for (std::string_view name : {"Giri_Lambda(0)", "Giri_Lambda(24)", "LabTPS(0)", "ValPC(0)"}) {
         EXPECT_EQ(tuning::ToShown(RowOf(name), 470, Reduced(1)), 470) << name;
     }
 }
@@ -99,15 +99,18 @@ TEST(Conversions, ThrottleOrPressureAsTheSelectorSays) {
     };
     constexpr Case cases[] = {
         {"ValCut(3)", true, false, 1303}, {"ValCut(4)", false, true, 124},  {"ValMin(3)", false, true, 1303},
-        {"ValMin(4)", true, false, 124},  {"ValPC(2)", false, false, 1303}, {"ValCom(0)", false, false, 500},
+        {"ValMin(4)", true, false, 124},  {"ValPC(2)", false, false, 1303}, {"ValCom(0)", false, false, 124},
+        {"ValTrans(6)", true, true, 124},
     };
     for (const Case& c : cases) {
         context.cutOffByPressure = c.cutOffByPressure;
         context.idleByPressure = c.idleByPressure;
         EXPECT_EQ(tuning::ToShown(RowOf(c.name), 500, context), c.shown) << c.name;
     }
+    EXPECT_EQ(tuning::ToRaw(RowOf("ValCom(0)"), 124, context), 497U);
     context.idleByPressure = false;
     context.risoluzionePiena = true;
+    EXPECT_EQ(tuning::ToShown(RowOf("ValTrans(6)"), 500, context), 500);
     EXPECT_EQ(tuning::ToShown(RowOf("ValMin(4)"), 500, context), 500) << "the full display shows the throttle as it is";
 }
 

@@ -168,14 +168,14 @@ TEST(SettingsStep, ThreePagesGoIntoTheBaseMapAndNothingToTheUnit) {
     EXPECT_TRUE(step.Control("Avanti").Visible() && step.Control("Annulla").Visible());
     for (const char* control : {"InMemor", "Applica(0)", "Applica(1)", "Pagine"})
         EXPECT_FALSE(step.Control(control).Visible()) << control;
-    step.Enter("ValCom(0)", "160");
+    step.Enter("ValCom(0)", "40");
     step.Choose("Oscilla", 0);
     EXPECT_FALSE(step.Control("Applica(0)").Visible());
     step.Enter("ValCom(8)", "999");
     EXPECT_EQ(step.Press("Avanti").why, Reason::ValueRefused);
     step.Enter("ValCom(8)", "5000");
     ASSERT_TRUE(step.Press("Avanti").ok);
-    step.Put(3096, "00A0");
+    step.Put(3096, "00A0");  // 40 of 255 is 160 of 1023
     step.Put(3202, "00");
     EXPECT_EQ(step.File(), step.content) << "figures not edited keep their digits";
     EXPECT_EQ(step.program.shell.state.PaginaMessaP, 1);
@@ -212,7 +212,7 @@ TEST(SettingsStep, EveryWayOutLeavesTheFileAlone) {
     for (const char* way : {"Annulla", "Esci", "close"}) {
         Step step;
         tuning::OpenSettingsStep(step.program.tuning);
-        step.Enter("ValCom(0)", "160");
+        step.Enter("ValCom(0)", "40");
         ASSERT_TRUE((std::string(way) == "close" ? step.Stack().Close(step.Page()) : step.Press(way)).ok);
         EXPECT_FALSE(step.Page().IsOpen()) << way;
         EXPECT_EQ(step.File(), step.content) << way;
@@ -220,7 +220,7 @@ TEST(SettingsStep, EveryWayOutLeavesTheFileAlone) {
         EXPECT_EQ(step.left, 1);
         EXPECT_EQ(step.done, 0);
         EXPECT_EQ(step.sent, Frames{});
-        EXPECT_EQ(step.Dato("ValCom(0)", 1), "150") << "the edit is forgotten";
+        EXPECT_EQ(step.Dato("ValCom(0)", 1), "37") << "the edit is forgotten";
     }
 }
 
@@ -243,7 +243,7 @@ TEST(SettingsStep, WithoutAUsableBaseMapThereIsNothingToEdit) {
 TEST(SettingsStep, AFileThatCannotBeWrittenIsToldAndStaysAsItWas) {
     Step step;
     tuning::OpenSettingsStep(step.program.tuning);
-    step.Enter("ValCom(0)", "160");
+    step.Enter("ValCom(0)", "40");
     step.host.files.FailWrites(true);
     const int beeps = step.Beeps();
     ASSERT_TRUE(step.Press("Avanti").ok);

@@ -114,7 +114,8 @@ TEST(Limits, TheReducedDisplayScalesTheLimitsOfWhatItScales) {
                    {"ValCut(3)", 14, 224},
                    {"ValMin(3)", 380, 1000},
                    {"ValCut(0)", 900, 6200},
-                   {"ValCom(0)", 0, 1023}});
+                   {"ValCom(0)", 0, 255},
+                   {"ValTrans(6)", 0, 255}});
 }
 
 TEST(Limits, AThrottleWiredTheOtherWayRoundHasItsEndsInOrder) {

@@ -586,11 +586,11 @@ TEST(PageCycle, LeavingSendsNothingWhenTheUnitRunsWithItsInitialValues) {
     const Step apply{"Applica(0)", nullptr};
     const Step back{"Applica(1)", nullptr};
     const auto type = [](const char* figure) { return Step{nullptr, figure}; };
-    for (const Case& c : {Case{{type("6200"), apply}, {}}, Case{{type("6200"), apply, back}, {}},
-                          Case{{type("6000"), apply, back, type("6200")}, {}},
-                          Case{{type("6000"), apply, back}, OldSpeeds}, Case{{type("6000"), type("6200")}, {}},
-                          Case{{type("6000"), apply, type("6200")}, OldSpeeds},
-                          Case{{type("6000"), apply, {"InMemor", nullptr}}, {}}}) {
+    for (const Case& c :
+         {Case{{type("6200"), apply}, {}}, Case{{type("6200"), apply, back}, {}},
+          Case{{type("6000"), apply, back, type("6200")}, {}}, Case{{type("6000"), apply, back}, OldSpeeds},
+          Case{{type("6000"), type("6200")}, {}}, Case{{type("6000"), apply, type("6200")}, OldSpeeds},
+          Case{{type("6000"), apply, {"InMemor", nullptr}}, {}}}) {
         PageRig rig("MessaP");
         rig.Open(6);
         for (const Step& step : c.steps) {

@@ -112,6 +112,39 @@ TEST(PageEditing, TheReducedDisplayScalesFiguresAndLimitsAlike) {
     EXPECT_EQ(frames.at(2), "W002500020322") << "200 x 1023 / 255, cut";
 }
 
+// Field, live throttle and what goes out, in the scale of the display.
+TEST(PageEditing, EveryThrottleThresholdIsInTheScaleOfTheLiveThrottleBesideIt) {
+    struct Case {
+        const char* dialog;
+        int page;
+        const char* field;  // null: the page compares counts
+        int live;           // place of the live throttle
+        std::size_t frame;  // of the trial
+        const char* head;
+    };
+    for (const Case& c :
+         {Case{"MessaP", 4, "ValTrans(6)", 1, 6, "W01850002"}, Case{"Imposta", 0, "ValCom(0)", 1, 1, "S30960002"},
+          Case{"MessaP", 0, nullptr, 2, 0, ""}, Case{"MessaP", 5, nullptr, 1, 0, ""}}) {
+        for (const bool full : {false, true}) {
+            PageRig rig(c.dialog, {"cell O 3660 01F4", "cell O 3096 01F4", "rpm 2000", "field tps \" 500\""});
+            rig.program.shell.state.RisoluzionePiena = full ? shell::True : shell::False;
+            rig.Open(c.page);
+            rig.Run(1000);
+            const std::string at = std::string(c.dialog) + std::to_string(c.page);
+            const std::string live = rig.Field("DatiAuto(" + std::to_string(c.live) + ")");
+            EXPECT_EQ(live, full || c.field == nullptr ? " 500" : " 125") << at;
+            if (c.field == nullptr) continue;
+            EXPECT_EQ(rig.Field(c.field), full ? "500" : "124") << at;
+            rig.Enter(c.field, "1024");
+            EXPECT_EQ(rig.Shown(), full ? "0 - 1023" : "0 - 255") << at;
+            rig.Enter(c.field, "200");
+            EXPECT_EQ(rig.Chain("Applica(0)").at(c.frame), std::string(c.head) + (full ? "00C8" : "0322")) << at;
+            rig.Enter(c.field, full ? "500" : "124");
+            EXPECT_EQ(rig.Chain("Applica(0)").at(c.frame), std::string(c.head) + "01F4") << at << ": as read";
+        }
+    }
+}
+
 TEST(PageEditing, AThrottleWiredTheOtherWayRoundTurnsItsThresholdsRound) {
     PageRig rig("MessaP", {"cell O 3088 03AC", "cell O 3090 0050", "cell O 3092 0384", "cell O 3094 0370"});
     rig.program.shell.state.RisoluzionePiena = shell::True;

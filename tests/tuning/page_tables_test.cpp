@@ -151,6 +151,7 @@ TEST(PageTables, TheUnitOfAFieldFitsWhatItsRecordIsShownAs) {
                 EXPECT_EQ(field.IsList(),
                           row.conversion == Conversion::Choice || row.conversion == Conversion::SpeedChoice)
                     << name;
+                EXPECT_EQ(field.measure == Measure::Throttle, row.conversion == Conversion::Throttle) << name;
                 const bool millibar = field.measure == Measure::Millibar;
                 EXPECT_TRUE(millibar || row.conversion != Conversion::Pressure) << name;
             }

@@ -65,6 +65,8 @@ std::string ConversionText(const Row& row) {
             return "by `SogliaTM`";
         case Conversion::IdleThreshold:
             return "by `SogliaMin`";
+        case Conversion::Throttle:
+            return "throttle threshold";
         case Conversion::Choice:
             return "list of " + std::to_string(row.positions) +
                    (tuning::IsSwitch(row) ? ", 0 and 255 in the cell" : "");
@@ -131,8 +133,10 @@ std::string Page() {
            "Made from the parameter table by `parameter_doc`; do not edit.\n\n"
            "Addresses below 3072 lie in `ESTERNA`, the others in `INTERNA`. `RAM` is the live copy in the unit. "
            "Limits\n"
-           "are in the unit of the page; those of probe thresholds are counts and are shown as the thresholds are. A\n"
-           "limit that names a cell is worked out from the image held, or from the figure of the record of that cell.\n"
+           "are in the unit of the page; those of probe and throttle thresholds are counts and are shown as the "
+           "thresholds\n"
+           "are. A limit that names a cell is worked out from the image held, or from the figure of the record of that "
+           "cell.\n"
            "Multi-byte cells have their most significant byte first.\n\n"
            "## The "
         << tuning::MemoriaCount << " records of `Memoria`\n\n";
