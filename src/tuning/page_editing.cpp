@@ -72,13 +72,11 @@ void PageEditing::Wire(const GridControls& grid) {
     };
 }
 
-// A field that stands as it was read is left without a check: the unit itself may hold what no page would accept. What
-// nobody has typed, a live figure that the field follows, is no edit.
+// A field that nobody typed into is left without a check: the unit itself may hold what no page would accept, and a live
+// figure that the field follows is no edit.
 void PageEditing::FieldLeft(const FieldControls& field) {
     const std::size_t record = field.row->record;
-    const std::string text = field.value->Text();
-    const bool edited = typed_ == record && text != ShownFigure(tuning_.memoria[record], 1);
-    Take(record, edited ? text : std::string());
+    Take(record, typed_ == record ? field.value->Text() : std::string());
 }
 
 void PageEditing::CellEdited(const Control& grid, int row, int column, const std::string& text) {

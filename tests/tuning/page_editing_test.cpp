@@ -566,6 +566,14 @@ TEST(PageEditing, AnIllegalFigureOfTheUnitIsFoundWhenThePageIsStored) {
     rig.Open(6);
     EXPECT_EQ(rig.Field("ValFG(1)"), "100");
     rig.Stack().Leave(rig.Control("ValFG(1)"));
+    EXPECT_FALSE(rig.Control("ValFG(1)").Refused()) << "nobody typed it";
+    for (const char* figure : {"99", "100"}) {
+        rig.Enter("ValFG(1)", figure);
+        EXPECT_TRUE(rig.Control("ValFG(1)").Refused()) << "typed, it is checked, whatever the unit holds";
+        EXPECT_EQ(rig.Shown(), "1500 - 6200");
+    }
+    rig.Enter("ValFG(1)", "");
+    EXPECT_EQ(rig.Field("ValFG(1)"), "100");
     EXPECT_FALSE(rig.Control("ValFG(1)").Refused());
     const int beeps = rig.Beeps();
     ASSERT_TRUE(rig.Press("InMemor").ok);
