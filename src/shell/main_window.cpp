@@ -182,6 +182,16 @@ void AbilitaComandi(Shell& shell, int flag) {
     main.TouchMenus();
 }
 
+std::string EntryTitle(Shell& shell, std::string_view page, int argument) {
+    for (const EntryRow& row : Entries()) {
+        if (row.name != page || row.argument != argument) continue;
+        const EntryRow* parent = ParentOf(row.menu);
+        const bool shown = parent == nullptr || shell.main.Item(parent->menu, parent->index).visible;
+        if (shown) return EntryTitle(shell, shell.main.Item(row.menu, row.index));
+    }
+    return {};
+}
+
 void SoloSenzaCentralina(Shell& shell) {
     Marlovent& main = shell.main;
     for (MenuItem& item : main.Menu(MenuId::MainMenu)) {

@@ -55,6 +55,10 @@ void SoloSenzaCentralina(Shell& shell);
 // Which of the two submenus of the self-adaptation shows, by the unit's program.
 void ShowAdaptationMenu(Shell& shell);
 
+// The title that the menus give to a page which serves several entries, for the entry with that argument; empty when
+// none in the menus opens it.
+std::string EntryTitle(Shell& shell, std::string_view page, int argument);
+
 // The inputs on menus and toolbar.
 pages::Outcome ChooseMenu(Shell& shell, MenuId menu, int index);
 pages::Outcome PressTool(Shell& shell, std::string_view key);

@@ -193,6 +193,8 @@ void PageCycle::GoOn() {
     if (!next_) return Link().shell.stack.ClosePage(parts_.page);
     parts_.editing.Forget();
     Open(*next_);
+    const std::string title = shell::EntryTitle(Link().shell, parts_.page.Name(), page_);
+    if (!title.empty()) parts_.page.SetTitle(title);
 }
 
 bool PageCycle::Begin(Work work, int state, std::string chain) {

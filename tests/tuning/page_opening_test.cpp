@@ -213,6 +213,36 @@ TEST(PageOpening, APageClosedByTheEndOfTheStreamForgetsItsEdits) {
     EXPECT_EQ(rig.Dato("ValFG(0)", 1), "") << "nothing of a unit that is gone stands any more";
 }
 
+// Whichever way a page is reached, it bears the name that its menu entry gives.
+TEST(PageOpening, TheTitleFollowsTheSelector) {
+    struct Case {
+        const char* dialog;
+        shell::MenuId menu;
+        int index;
+        int page;
+    };
+    using shell::MenuId;
+    for (const bool old : {false, true}) {
+        for (const Case& c : {Case{"MessaP", MenuId::MenuPunto, 6, 4}, Case{"MessaP", MenuId::MenuPunto, 4, 6},
+                              Case{"MessaP", old ? MenuId::MenuAutoA1 : MenuId::MenuAutoA, 0, 9},
+                              Case{"MessaP", old ? MenuId::MenuAutoA1 : MenuId::MenuAutoA, old ? 1 : 2, 11},
+                              Case{"Imposta", MenuId::MenuImp, 10, 5}, Case{"Imposta", MenuId::MenuImp, 14, 4}}) {
+            PageRig rig(c.dialog);
+            rig.program.shell.state.FirmwareVecchio = old ? shell::True : shell::False;
+            shell::ShowAdaptationMenu(rig.program.shell);
+            ASSERT_TRUE(shell::ChooseMenu(rig.program.shell, c.menu, c.index).ok);
+            ASSERT_TRUE(rig.Finish());
+            const std::string title = rig.Page().Title();
+            EXPECT_NE(title.find(" - "), std::string::npos) << title;
+            rig.Press("Esci");
+            rig.Open(0);
+            rig.Choose("Pagine", old && c.page == 11 ? 10 : c.page);
+            ASSERT_TRUE(rig.Finish());
+            EXPECT_EQ(rig.Page().Title(), title);
+        }
+    }
+}
+
 // The second page of the self-adaptation came with program 01.04.
 TEST(PageOpening, TheSelectorOffersWhatTheUnitKnows) {
     PageRig rig("MessaP");
