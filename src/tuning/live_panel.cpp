@@ -40,14 +40,19 @@ void LivePanel::Show(std::span<const LiveChannel> channels) {
         labAuto_[i].SetText(link.DescrCanale[channel].Nome);
         umAuto_[i].SetText(link.DescrCanale[channel].UM[eculink::RawView]);
     }
-    Tick();
+    Look();
 }
 
 void LivePanel::Follow(bool on) {
     timer_->SetEnabled(on);
 }
 
+// While an exchange runs, frames reach the raw figures alone: what the page shows stands until it has ended.
 void LivePanel::Tick() {
+    if (tuning_.memory.link.state.StatoCmd == eculink::Idle) Look();
+}
+
+void LivePanel::Look() {
     const eculink::Link& link = tuning_.memory.link;
     for (std::size_t i = 0; i < channels_.size(); ++i)
         datiAuto_[static_cast<int>(i)].SetText(FigureOf(link, channels_[i]));

@@ -18,7 +18,7 @@ class LivePanel {
   public:
     LivePanel(pages::Page& page, Tuning& tuning);
 
-    std::function<void()> onTick;  // after each look at the channels
+    std::function<void()> onTick;  // after each look at the channels; while an exchange runs nobody looks
 
     // Shows these channels; as many as there are labels.
     void Show(std::span<const LiveChannel> channels);
@@ -29,6 +29,7 @@ class LivePanel {
     static constexpr int Most = 6;
 
     void Tick();
+    void Look();
 
     Tuning& tuning_;
     pages::Array<pages::Label> labAuto_;

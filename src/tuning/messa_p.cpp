@@ -69,6 +69,7 @@ MessaP::MessaP(Tuning& owner)
         }
         return nullptr;
     };
+    controls.onView = [this] { FollowView(); };
     editing.onFigures = [this] { FollowFigures(); };
     cycle.onShown = [this] { FollowFigures(); };
     cycle.onEditable = [this](pages::Reason why) { LeggoTPS.SetWhy(why); };
@@ -89,6 +90,11 @@ void MessaP::Closed() {
     cycle.Forget();
 }
 
+void MessaP::FollowView() {
+    B_Lam.SetVisible(controls.IsOpen(LambdaTables));
+    LeggoTPS.SetVisible(ThrottleField() != nullptr);
+}
+
 void MessaP::FollowFigures() {
     LeggoTPS.SetVisible(ThrottleField() != nullptr);
     pages::Control* axis = controls.ValueOf(table::NumberOf("LabTPS", 0));
@@ -98,9 +104,7 @@ void MessaP::FollowFigures() {
 }
 
 void MessaP::FollowEngine() {
-    const bool tables = controls.IsOpen(LambdaTables);
-    B_Lam.SetVisible(tables);
-    if (!tables) return;
+    if (!controls.IsOpen(LambdaTables)) return;
     const int column = cycle.Read() ? CheZonaGiri(tuning_) : NoZone;
     const int row = cycle.Read() ? CheZonaMAP(tuning_) : NoZone;
     const bool known = column != NoZone && row != NoZone;
@@ -143,9 +147,10 @@ void MessaP::ShowPointed(int column, int row) {
         ->SetText(controls.Caption(LambdaTables) + (pointed.ruler == Ruler::Nothing ? std::string() : Words(pointed)));
 }
 
-// Thresholds of the throttle may be taken from the pedal as it stands.
+// Thresholds of the throttle may be taken from the pedal as it stands, unless a table covers them.
 bool MessaP::TakesThrottle(const FieldControls& field) const {
     const bool pressure = IsPressure(ParameterRows[field.row->record], tuning_.CurrentContext());
+    if (!field.value->Visible()) return false;
     return field.row->measure == Measure::Throttle || (field.row->measure == Measure::OfSensor && !pressure);
 }
 

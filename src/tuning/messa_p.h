@@ -27,6 +27,8 @@ struct MessaP : pages::Page {
     void Closed() override;
 
   private:
+    // What goes with the tables or the list of parameters: the engine's zone, the button of the throttle.
+    void FollowView();
     // What the fitter sees of the figures besides the figures: name of the load axis, the button of the throttle.
     void FollowFigures();
     // The zone of the lambda map in which the engine runs, and the thresholds of the one pointed at.
@@ -35,8 +37,8 @@ struct MessaP : pages::Page {
     void ShowPointed(int column, int row);
     void TakeThrottle();
     bool TakesThrottle(const FieldControls& field) const;
-    // The field that takes the live throttle: where the focus comes from, or the first one; null when the page has
-    // none.
+    // The field that takes the live throttle: where the focus comes from, or the first one; null when none is on the
+    // screen.
     const FieldControls* ThrottleField() const;
 
     Tuning& tuning_;

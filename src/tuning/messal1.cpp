@@ -77,7 +77,10 @@ MessaL1::MessaL1(Tuning& owner) : Page("MessaL1"), tuning_(owner) {
     BindKey("Esc", Esci);
     onClose = [this] { Leave(); };
     TVis = shell.host.timers.Make(DisplayInterval);
-    TVis->SetHandler([this] { ShowLive(); });
+    TVis->SetHandler([this] {
+        // While an exchange runs, frames reach the raw figures alone.
+        if (tuning_.memory.link.state.StatoCmd == eculink::Idle) ShowLive();
+    });
     AddStates();
     shell.AddDialog(*this);
 }

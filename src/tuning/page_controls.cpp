@@ -136,6 +136,7 @@ void PageControls::ShowView() {
         ShowButtons(table);
         ShowTable(table, open && valuesOpen_, open && initialsOpen_);
     }
+    if (onView) onView();
 }
 
 // The twin is worded by the column that it shows, and leaves the access key to the other.

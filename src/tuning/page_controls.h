@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -50,6 +51,8 @@ class PageControls {
   public:
     // `section`: of the pages' texts.
     PageControls(pages::Page& page, const shell::Shell& shell, std::string_view section, std::span<const PageRow> rows);
+
+    std::function<void()> onView;  // another view is on the screen: a page, its list of parameters or its tables
 
     const std::vector<PageSet>& All() const { return sets_; }
     const PageSet& Shown() const { return sets_[shown_]; }

@@ -72,8 +72,8 @@ void PageEditing::Wire(const GridControls& grid) {
     };
 }
 
-// A field that nobody typed into is left without a check: the unit itself may hold what no page would accept, and a live
-// figure that the field follows is no edit.
+// A field that nobody typed into is left without a check: the unit itself may hold what no page would accept, and a
+// live figure that the field follows is no edit.
 void PageEditing::FieldLeft(const FieldControls& field) {
     const std::size_t record = field.row->record;
     Take(record, typed_ == record ? field.value->Text() : std::string());

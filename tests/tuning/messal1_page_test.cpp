@@ -481,6 +481,17 @@ TEST(MessaL1, TheCellUnderTheEngineIsMarkedBesideItsFigures) {
     eculink::CambiaUnita(e.program.link, eculink::EngineeringView);
     e.Run(1000);
     EXPECT_LT(std::stod(page.DatiAuto[1].Text()), 1100);
+    // While an exchange runs, nothing on the page follows.
+    e.Press(page.Modifica);
+    e.Sim("misbehave silence command I once");
+    e.Press(page.Memorizza);
+    e.Sim("rpm 2050");
+    e.Run(4000);
+    EXPECT_FALSE(e.Idle());
+    EXPECT_EQ(page.LambdaRicco.MarkedColumn(), 16);
+    e.Finish();
+    e.Run(1000);
+    EXPECT_EQ(page.LambdaRicco.MarkedColumn(), 5);
     e.Sim("rpm 0");
     e.Run(5000);
     EXPECT_EQ(page.LambdaRicco.MarkedColumn(), -1) << "a standing engine is nowhere on the map";

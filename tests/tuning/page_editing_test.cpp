@@ -367,6 +367,7 @@ TEST(PageEditing, TheZoneOfTheEngineIsMarkedInTheMap) {
     rig.Run(500);
     EXPECT_EQ(rig.Field("SoglieLam"), list + "   LamMM = 103   LamRR = 113");
     rig.Press("SoglieLam");
+    EXPECT_FALSE(rig.Control("B_Lam").Visible());
     rig.Run(500);
     EXPECT_EQ(rig.Field("SoglieLam"), rig.Text("SOGLIELAM.0", "MESSAP"));
     rig.Press("SoglieLam");
@@ -382,6 +383,37 @@ TEST(PageEditing, TheZoneOfTheEngineIsMarkedInTheMap) {
     rig.program.shell.state.VarianteQT = shell::True;
     rig.Run(1000);
     EXPECT_EQ(rig.Field("B_Lam").substr(0, 19), "Zone of the engine:") << "the diesel has no full load of its own";
+}
+
+// While an exchange runs a live frame reaches the raw figures and nothing on the screen.
+TEST(PageEditing, ThePagesDoNotFollowTheEngineWhileAnExchangeRuns) {
+    struct Case {
+        const char* dialog;
+        int page;
+        const char* field;
+        const char* figure;
+        const char* line;
+        const char* live;
+        const char* during;
+        const char* after;
+    };
+    for (const Case& c : {Case{"MessaP", 6, "ValFG(0)", "6000", "field giri \"3333\"", "DatiAuto(0)", "2222", "3333"},
+                          Case{"Imposta", 1, "ValSerb(0)", "100", "field livello 444", "Livello", "222", "444"}}) {
+        PageRig rig(c.dialog, {"field giri \"2222\"", "field livello 222"});
+        rig.Open(c.page);
+        rig.Run(1000);
+        EXPECT_EQ(rig.Field(c.live), c.during);
+        rig.Enter(c.field, c.figure);
+        rig.Sim("misbehave silence command all once");
+        ASSERT_TRUE(rig.Press("InMemor").ok);
+        rig.Sim(c.line);
+        rig.Run(3000);
+        EXPECT_NE(rig.State(), eculink::Idle);
+        EXPECT_EQ(rig.Field(c.live), c.during);
+        ASSERT_TRUE(rig.Finish());
+        rig.Run(1000);
+        EXPECT_EQ(rig.Field(c.live), c.after);
+    }
 }
 
 // The engine runs with the breakpoints and thresholds that are being tried.
