@@ -362,8 +362,18 @@ void PageCycle::DoubtUnanswered() {
     if (!write.permanent && write.count != tuning_.memoria[write.record].raw) TakeWrite(write);
 }
 
+// What was edited and may not have arrived; where that is nothing, the record that got no answer. The first of them ends
+// up on the screen.
 void PageCycle::FlagUnanswered() {
-    if (answered_ < writes_.size()) parts_.editing.Flag(writes_[answered_].record);
+    const auto first = writes_.begin() + static_cast<std::ptrdiff_t>(std::min(answered_, writes_.size()));
+    bool edited = false;
+    for (auto write = writes_.end(); write != first;) {
+        --write;
+        if (!Differ(tuning_.memoria[write->record])) continue;
+        parts_.editing.Flag(write->record);
+        edited = true;
+    }
+    if (!edited && first != writes_.end()) parts_.editing.Flag(first->record);
 }
 
 // The chain is over, whatever came of it.
