@@ -69,7 +69,7 @@ MessaL1::MessaL1(Tuning& owner) : Page("MessaL1"), tuning_(owner) {
         if (editing_) SetFocus(&LambdaRicco);
     };
     Distribuisci.onPress = [this] { Spread(); };
-    LimDistr.onPress = [this] { Tell(tuning_.memory.link.shell.TestoLingua("LIMDISTR.1", "MESSAL1")); };
+    LimDistr.onPress = [this] { TellAnchors(); };
     Memorizza.onPress = [this] { Store(); };
     RileggoReset.onPress = [this] { BeginReading(ReadingAgain, LiveReads()); };
     Esci.onPress = [this] { Leave(); };
@@ -138,7 +138,7 @@ void MessaL1::SetEditing(bool on) {
 }
 
 void MessaL1::SetTableWhy(Reason why) {
-    for (pages::Button* button : {&Modifica, &Distribuisci, &Memorizza, &RileggoReset}) button->SetWhy(why);
+    for (pages::Button* button : {&Modifica, &Distribuisci, &LimDistr, &Memorizza, &RileggoReset}) button->SetWhy(why);
 }
 
 void MessaL1::Tell(std::string text) {
@@ -297,13 +297,18 @@ BaseMap MessaL1::MapOnPage() {
     return map;
 }
 
+// The rows are known by their pressures.
+void MessaL1::TellAnchors() {
+    Tell(shell::Fill(tuning_.memory.link.shell.TestoLingua("LIMDISTR.1", "MESSAL1"), MAPV[FirstAnchor].Text(),
+                     MAPV[LastAnchor].Text()));
+}
+
 void MessaL1::Leave() {
     shell::Shell& shell = tuning_.memory.link.shell;
     if (!Unsaved()) return shell.stack.ClosePage(*this);
-    MostraMessaggio(shell, shell::UsualTitle(shell), shell.TestoLingua("ERRORE_20", "ERRORI"), shell::StyleQuestion,
-                    [this, &shell](shell::Answer answer) {
-                        if (answer == shell::Answer::Yes && IsOpen()) shell.stack.ClosePage(*this);
-                    });
+    shell::Ask(shell, shell.TestoLingua("ERRORE_20", "ERRORI"), [this, &shell](shell::Answer answer) {
+        if (answer == shell::Answer::Yes && IsOpen()) shell.stack.ClosePage(*this);
+    });
 }
 
 }  // namespace tuning

@@ -77,6 +77,7 @@ struct MessaL1 : pages::Page {
     void MarkChanges();
     bool CellChanged(int cell) const;
     void Spread();
+    void TellAnchors();
     void Leave();
     void Tell(std::string text);
     const std::string& CellText(int cell) const;

@@ -20,17 +20,26 @@ constexpr int StoringCells = 166;
 
 constexpr char LiveRead = 'R';
 
-constexpr auto StoreStates = std::to_array<int>({StoringSpare, StoringAxes, StoringLive, StoringCells});
+// A silence in the axes has no words of its own: the page becomes usable, and nothing of the cells has been sent.
+struct StoreState {
+    int state;
+    bool tellsSilence;
+};
+constexpr auto StoreStates = std::to_array<StoreState>(
+    {{StoringSpare, false}, {StoringAxes, false}, {StoringLive, true}, {StoringCells, true}});
 
 }  // namespace
 
 void MessaL1::AddStates() {
     eculink::Catalogue& catalogue = tuning_.memory.link.catalogue;
-    for (const int state : StoreStates) {
+    const shell::Shell& shell = tuning_.memory.link.shell;
+    for (const StoreState& row : StoreStates) {
         catalogue.Add(
-            StateRow{state, "wis", TimeOut::S}, [this](const std::string&) { return StoreReply(); },
-            [this] { Finish(tuning_.memory.link.shell.TestoLingua("ERRORE_3", "ERRORI")); },
-            [this](int) { Finish({}); });
+            StateRow{row.state, "wis", TimeOut::S}, [this](const std::string&) { return StoreReply(); },
+            [this, &shell] { Finish(shell.TestoLingua("ERRORE_3", "ERRORI")); },
+            [this, &shell, row](int) {
+                Finish(row.tellsSilence ? shell.TestoLingua("ERRORE_3", "ERRORI") : std::string());
+            });
     }
     catalogue.Add(
         StateRow{ReadingTable, "lor", TimeOut::S2},

@@ -209,8 +209,8 @@ const std::vector<Way>& Ways() {
          {},
          {}},
         {"axes", 161, [](Rig& r) { r.StoreMap(161); }, "MessaL1", Cleared, true, Refused, NoAnswer, {}},
-        {"live map", 165, [](Rig& r) { r.StoreMap(165); }, "MessaL1", Cleared, true, Refused, NoAnswer, {}},
-        {"stored map", 166, [](Rig& r) { r.StoreMap(166); }, "MessaL1", Cleared, true, Refused, NoAnswer, {}},
+        {"live map", 165, [](Rig& r) { r.StoreMap(165); }, "MessaL1", NoAnswer, true, Refused, NoAnswer, {}},
+        {"stored map", 166, [](Rig& r) { r.StoreMap(166); }, "MessaL1", NoAnswer, true, Refused, NoAnswer, {}},
     };
     return ways;
 }

@@ -128,6 +128,16 @@ TEST(MessaL1, DistribuisciPutsTheRowsBetweenTheAnchorsOnALine) {
     EXPECT_TRUE(e.Page().Unsaved());
 }
 
+TEST(MessaL1, TheAnchorsAreNamedByTheirPressures) {
+    BaseMapEditor e;
+    e.OpenForEditing();
+    e.Enter(e.Page().MAPV[1], "333");
+    e.Press(e.Page().LimDistr);
+    EXPECT_EQ(e.Shown(), shell::Fill(e.Text("LIMDISTR.1", "MESSAL1"), e.Page().MAPV[1].Text(), "998"));
+    EXPECT_NE(e.Shown().find("333"), std::string::npos);
+    EXPECT_EQ(e.Shown().find('%'), std::string::npos);
+}
+
 TEST(MessaL1, ACellThatTheUnitHoldsOutsideTheLimitsStaysUntilItIsEdited) {
     BaseMapEditor e({"cell L 49 FFFF", "cell L 55 FF", "cell L 56 03"});
     e.OpenForEditing();
@@ -343,9 +353,9 @@ TEST(MessaL1, ARefusedOrSilentStoreLeavesTheCellsAsTyped) {
         {"misbehave refuse command I once at frame 7", 166, 22, "ERRORE_3", 0},
         {"misbehave refuse command I once at frame 38", 166, StoreFrames, "ERRORE_3", 0},
         {"misbehave silence command I once", 161, 1, nullptr, 1},
-        {"misbehave silence command W once at frame 6", 165, 14, nullptr, 1},
-        {"misbehave silence command I once at frame 7", 166, 22, nullptr, 1},
-        {"misbehave other-letter command I once at frame 7", 166, 22, nullptr, 1},
+        {"misbehave silence command W once at frame 6", 165, 14, "ERRORE_3", 1},
+        {"misbehave silence command I once at frame 7", 166, 22, "ERRORE_3", 1},
+        {"misbehave other-letter command I once at frame 7", 166, 22, "ERRORE_3", 1},
         {"cable out after 3", 161, 4, nullptr, 1},
     };
     for (const Case& c : cases) {
@@ -400,6 +410,7 @@ TEST(MessaL1, AFailedOpeningLeavesNothingThatCouldBeStored) {
         EXPECT_EQ(e.Cell(0, 0), "") << line;
         EXPECT_EQ(e.Stack().Press(e.Page().Memorizza).why, Reason::ReadingFailed) << line;
         EXPECT_EQ(e.Stack().Press(e.Page().Modifica).why, Reason::ReadingFailed) << line;
+        EXPECT_EQ(e.Stack().Press(e.Page().LimDistr).why, Reason::ReadingFailed) << line;
         e.Press(e.Page().Esci);
         EXPECT_FALSE(e.Page().IsOpen()) << line;
         e.Sim("cable in");
@@ -435,12 +446,14 @@ TEST(MessaL1, LeavingWithEditsAsksFirst) {
     e.EnterCell(0, 0, "99");
     shell::Messaggio& question = e.program.shell.messaggio;
     for (const bool byWindow : {false, true}) {
+        const int beeps = e.Beeps();
         if (byWindow) {
             e.Stack().Close(e.Page());
         } else {
             ASSERT_TRUE(e.Stack().Key(e.Page(), "Esc").ok);
         }
         ASSERT_TRUE(question.IsOpen());
+        EXPECT_EQ(e.Beeps(), beeps + 1);
         EXPECT_EQ(question.Segnalazione.Text(), e.Text("ERRORE_20", "ERRORI"));
         e.Press(question.TastoNo);
         ASSERT_TRUE(e.Page().IsOpen());
