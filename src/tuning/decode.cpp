@@ -52,19 +52,29 @@ void SetWidestLimits(MemoriaTable& memoria, const Context& context) {
     for (std::size_t i = 0; i < memoria.size(); ++i) memoria[i].Min = least[i];
 }
 
-void SetLimitsOfImage(Tuning& tuning) {
-    const bool programmed = tuning.memory.link.shell.state.ImmagineProgrammata == True;
-    if (!tuning.image.empty() && programmed) return SetLimits(tuning.memoria, tuning.Cells(), tuning.CurrentContext());
-    SetWidestLimits(tuning.memoria, tuning.CurrentContext());
+bool HoldsProgrammedImage(const Tuning& tuning) {
+    return !tuning.image.empty() && tuning.memory.link.shell.state.ImmagineProgrammata == True;
 }
 
 }  // namespace
+
+void SetLimits(Tuning& tuning) {
+    const Context context = tuning.CurrentContext();
+    if (!HoldsProgrammedImage(tuning)) return SetWidestLimits(tuning.memoria, context);
+    SetLimits(tuning.memoria, tuning.Cells(), context);
+}
+
+void FollowNeighbour(Tuning& tuning, std::size_t changed) {
+    const Context context = tuning.CurrentContext();
+    if (!HoldsProgrammedImage(tuning)) return SetWidestLimits(tuning.memoria, context);
+    FollowNeighbour(tuning.memoria, changed, tuning.Cells(), context);
+}
 
 Tuning::Tuning(memory::Memory& owner) : memory(owner) {
     CostruisciMemoria(*this);
     memory.hooks.DecodificaImmagine = [this] { return DecodificaImmagine(*this); };
     memory.link.loss.ResetCalibration = [this] { ForgetImage(*this); };
-    memory.link.shell.hooks.resolutionChanged.push_back([this] { SetLimitsOfImage(*this); });
+    memory.link.shell.hooks.resolutionChanged.push_back([this] { SetLimits(*this); });
 }
 
 void CostruisciMemoria(Tuning& tuning) {
@@ -123,7 +133,7 @@ bool DecodificaImmagine(Tuning& tuning) {
     const bool programmed = shell.state.ImmagineProgrammata == True;
     const bool differentialProbes = shell.state.VarianteAVX == True || shell.state.VarianteQT == True;
     DecodeCalibration(tuning.calibration, tuning.Cells(), programmed, differentialProbes);
-    SetLimitsOfImage(tuning);
+    SetLimits(tuning);
     TellLivePicture(tuning);
     shell.state.SenzaImmagine = False;
     return true;

@@ -82,8 +82,15 @@ Limits SensorEnds(const Row& row, const CellReader& cell, const Context& context
     return {std::min(ends[0], ends[1]), std::max(ends[0], ends[1])};
 }
 
+// An erased cell says nothing of its record.
+bool IsErased(const Record& record, std::size_t slot) {
+    const std::uint32_t erased = record.NByte == 1 ? 0xFF : 0xFFFF;
+    return record.raw == erased && record.Dato[slot] == record.Dato[0];
+}
+
 double NeighbourFigure(const Record& neighbour, std::size_t slot, const CellReader& cell, const Context& context) {
-    if (frames::IsNumeric(neighbour.Dato[slot])) return frames::ValoreNum(neighbour.Dato[slot]);
+    if (frames::IsNumeric(neighbour.Dato[slot]) && !IsErased(neighbour, slot))
+        return frames::ValoreNum(neighbour.Dato[slot]);
     const std::optional<double> shown = ToShown(*neighbour.row, cell(neighbour.EE, neighbour.NByte), context);
     return shown ? std::round(*shown) : 0;
 }

@@ -14,8 +14,8 @@ struct Limits {
 };
 
 // The limits of one record in the unit of its page: constants, cells of the image, the ends of the selected sensor or
-// the figures of its neighbours. A neighbour whose page has not been read counts with its cell in the image. An image
-// may hold limits that cross; they are given as they stand, and then no figure is legal.
+// the figures of its neighbours. A neighbour whose page has not been read, or that is erased, counts with its cell in
+// the image. An image may hold limits that cross; they are given as they stand, and then no figure is legal.
 Limits LimitsOf(const MemoriaTable& memoria, std::size_t number, const CellReader& cell, const Context& context);
 
 // Sets Min and Max of every record. For an image just decoded the records must be those of CostruisciMemoria, and the

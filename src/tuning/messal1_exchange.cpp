@@ -25,8 +25,8 @@ struct StoreState {
     int state;
     bool tellsSilence;
 };
-constexpr auto StoreStates = std::to_array<StoreState>(
-    {{StoringSpare, false}, {StoringAxes, false}, {StoringLive, true}, {StoringCells, true}});
+constexpr auto StoreStates =
+    std::to_array<StoreState>({{StoringSpare, false}, {StoringAxes, false}, {StoringLive, true}, {StoringCells, true}});
 
 }  // namespace
 
@@ -66,7 +66,7 @@ void MessaL1::ShowProgress() {
 }
 
 void MessaL1::Finish(std::string text) {
-    SetLimits(tuning_.memoria, tuning_.Cells(), tuning_.CurrentContext());
+    SetLimits(tuning_);
     Tell(std::move(text));
     Avanzamento.SetVisible(false);
     SetEnabled(true);

@@ -304,7 +304,7 @@ void PageCycle::FinishTrying(Work work) {
 }
 
 void PageCycle::FinishReading() {
-    SetLimits(tuning_.memoria, tuning_.Cells(), tuning_.CurrentContext());
+    SetLimits(tuning_);
     parts_.foot.Segnalazione.SetText({});
     parts_.editing.Show();
     FocusFirst();
@@ -324,7 +324,7 @@ void PageCycle::FinishStoring() {
     }
     tried_ = false;
     offered_ = 0;
-    SetLimits(tuning_.memoria, tuning_.Cells(), tuning_.CurrentContext());
+    SetLimits(tuning_);
     parts_.editing.Show();
 }
 
@@ -362,8 +362,8 @@ void PageCycle::DoubtUnanswered() {
     if (!write.permanent && write.count != tuning_.memoria[write.record].raw) TakeWrite(write);
 }
 
-// What was edited and may not have arrived; where that is nothing, the record that got no answer. The first of them ends
-// up on the screen.
+// What was edited and may not have arrived; where that is nothing, the record that got no answer. The first of them
+// ends up on the screen.
 void PageCycle::FlagUnanswered() {
     const auto first = writes_.begin() + static_cast<std::ptrdiff_t>(std::min(answered_, writes_.size()));
     bool edited = false;

@@ -146,7 +146,7 @@ void PageEditing::Accept(std::size_t record, double figure) {
     ShareCell(record);
     ApplySpeed();
     FollowSelectors(tuning_, before);
-    FollowNeighbour(tuning_.memoria, record, tuning_.Cells(), tuning_.CurrentContext());
+    FollowNeighbour(tuning_, record);
 }
 
 // The limits of a list are its entries; those of a figure are in the unit that stands beside it.
@@ -296,7 +296,7 @@ void PageEditing::Forget() {
     kept_.clear();
     flagged_.clear();
     for (Record& record : tuning_.memoria) TakeBack(record);
-    SetLimits(tuning_.memoria, tuning_.Cells(), tuning_.CurrentContext());
+    SetLimits(tuning_);
 }
 
 }  // namespace tuning

@@ -51,6 +51,12 @@ std::uint32_t ValoreCella(std::string_view image, const Record& record);
 // be read; a short one reads as erased where it ends.
 bool DecodificaImmagine(Tuning& tuning);
 
+// Sets the limits of every record by the image held, as it stands now. While that is blank, or none is held, no cell
+// gives any: its bounds are as wide as the cell.
+void SetLimits(Tuning& tuning);
+// Those alone that follow the figures of one record.
+void FollowNeighbour(Tuning& tuning, std::size_t changed);
+
 // No unit is connected: nothing that its image said stands any more, and no sensor counts as acquired.
 void ForgetImage(Tuning& tuning);
 

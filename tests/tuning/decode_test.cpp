@@ -2,6 +2,7 @@
 
 #include "memory/image.h"
 #include "support/simulated.h"
+#include "tuning/page_rig.h"
 #include "tuning/parameter_names.h"
 
 namespace {
@@ -56,6 +57,39 @@ TEST(Decoding, ABlankImageGivesNoFigures) {
         EXPECT_LE(record.Min, record.Max) << record.EE;
         EXPECT_EQ(record.Dato[0].size(), 8U) << record.EE;
     }
+}
+
+// Pages can be opened on it all the same: what they read bounds nothing either.
+TEST(Decoding, ABlankImageBoundsNothingAfterItsPagesHaveBeenRead) {
+    struct Case {
+        const char* dialog;
+        int page;
+        const char* field;
+        const char* figure;
+    };
+    for (const Case& c : {Case{"Imposta", 1, "ValSerb(2)", "300"}, Case{"MessaP", 1, "ValCut(0)", "1500"},
+                          Case{"MessaP", 2, "ValMin(0)", "1000"}}) {
+        tuning_test::PageRig rig(c.dialog, {"image blank"});
+        const auto unbounded = [&](const char* when) {
+            for (const tuning::Record& record : rig.program.tuning.memoria)
+                EXPECT_LT(record.Min, std::max(record.Max, 1.0)) << c.dialog << c.page << when << record.EE;
+            EXPECT_EQ(rig.Record("ValCut(0)").Min, 0) << when;
+            EXPECT_EQ(rig.Record("ValLam(1)").Min, 0) << when;
+            EXPECT_EQ(rig.Record("ValCut(3)").Min, 0) << when;
+        };
+        rig.Open(c.page);
+        unbounded("read");
+        rig.Enter(c.field, c.figure);
+        EXPECT_FALSE(rig.Control(c.field).Refused()) << c.field << rig.Shown();
+        unbounded("edited");
+        rig.Chain("Esci");
+        unbounded("left");
+    }
+    tuning_test::PageRig rig("Imposta", {"image blank"});
+    rig.Open(1);
+    rig.Enter("ValSerb(2)", "300");
+    EXPECT_EQ(rig.Record("ValSerb(3)").Min, 300) << "the levels still keep their order";
+    EXPECT_EQ(rig.Record("ValSerb(1)").Max, 300);
 }
 
 // The other display changes what a limit is shown as, not where it comes from.
