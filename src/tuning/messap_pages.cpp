@@ -169,8 +169,8 @@ constexpr std::array<GridRow, 5> OtherGrids{{
     Numbered(Grid("Giri_ResCO", CutOffResets, "LabResCO", "LABCO.13"), "RESCO.2"),
     Numbered(Grid("Giri_ResCO", FullLoadResets, "LabResCO", "LABPC.13"), "RESCO.2"),
     Headed(Grid("Giri_Lambda", FullLoadZones, "LabMappa", "LABPC.14"), "GIRILAMBDA.", 0),
-    Headed(Grid("TransitT", TransientRowsOfSix, "LabTransitT", "LABTRANS.7"), "TABTRANS.", 1),
-    Headed(Grid("TransitT", ReleaseRowsOfSix, "LabTransitT", "LABRIL.2"), "TABRIL.", 1),
+    Numbered(Headed(Grid("TransitT", TransientRowsOfSix, "LabTransitT", "LABTRANS.7"), "TABTRANS.", 1), "TABTRANS.0"),
+    Numbered(Headed(Grid("TransitT", ReleaseRowsOfSix, "LabTransitT", "LABRIL.2"), "TABRIL.", 1), "TABRIL.0"),
 }};
 constexpr std::span<const GridRow> OneGrid(std::size_t at) {
     return std::span<const GridRow>(OtherGrids).subspan(at, 1);

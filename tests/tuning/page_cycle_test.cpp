@@ -127,7 +127,7 @@ TEST(PageCycle, EachKindOfCellHasItsFrames) {
          "2100",
          "TastoRil",
          1,
-         1,
+         2,
          {"W015700020834", "W015700020834"},
          {"W015700020834", "S371400020834", "W015700020834", "S371400020834"},
          {"W0157000207D0", "W0157000207D0"}},
@@ -658,7 +658,7 @@ TEST(PageCycle, ASilentFrameMarksWhatWasEditedAndNotConfirmed) {
         rig.Enter("ValRil(1)", "11");
         if (c.edited != nullptr) {
             rig.Press("TastoRil");
-            rig.EnterCell(c.edited, 4, 5, "99");
+            rig.EnterCell(c.edited, 4, 6, "99");
             rig.Press("TastoRil");
         }
         if (std::string(c.button) == "Applica(1)" || std::string(c.button) == "Esci") rig.Chain("Applica(0)");
@@ -670,7 +670,7 @@ TEST(PageCycle, ASilentFrameMarksWhatWasEditedAndNotConfirmed) {
             EXPECT_EQ(rig.Control(control).Refused(), marked) << at << " " << control;
         }
         const bool cellMarked = c.edited != nullptr && c.marked.back() == "TransitT";
-        EXPECT_TRUE(!cellMarked || rig.Control("TransitT").RefusedCells() == (std::vector<pages::CellPlace>{{4, 5}}))
+        EXPECT_TRUE(!cellMarked || rig.Control("TransitT").RefusedCells() == (std::vector<pages::CellPlace>{{4, 6}}))
             << at;
         EXPECT_EQ(rig.Control("TransitT").Visible(), c.table) << at;
         EXPECT_EQ(rig.Shown(), rig.Text("ERRORE_3", "ERRORI")) << at;
