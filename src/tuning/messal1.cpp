@@ -107,6 +107,8 @@ void MessaL1::Opening() {
 
 void MessaL1::Closed() {
     TVis->SetEnabled(false);
+    tableRead_ = false;
+    MarkChanges();
 }
 
 void MessaL1::LoadTexts() {
@@ -253,9 +255,12 @@ void MessaL1::MarkChanges() {
     }
     for (int row = 0; row < MapRows; ++row)
         MAPV[row].SetChanged(tableRead_ && MAPV[row].Text() != readMAPV_[static_cast<std::size_t>(row)]);
-    bool changed = false;
-    for (int cell = 0; cell < MapCells && tableRead_ && !changed; ++cell) changed = CellChanged(cell);
-    LambdaRicco.SetChanged(changed);
+    std::vector<pages::CellPlace> changed;
+    for (int cell = 0; cell < MapCells && tableRead_; ++cell) {
+        if (CellChanged(cell)) changed.push_back({RowOf(cell), ColumnOf(cell)});
+    }
+    LambdaRicco.SetChanged(!changed.empty());
+    LambdaRicco.SetChangedCells(std::move(changed));
 }
 
 bool MessaL1::Unsaved() const {

@@ -153,7 +153,12 @@ void PageCycle::Forget() {
     work_.reset();
     writes_.clear();
     read_ = false;
+    ForgetEdits();
+}
+
+void PageCycle::ForgetEdits() {
     parts_.editing.Forget();
+    ClearFigures(parts_.controls.Shown());
 }
 
 // The selector: the page on the screen is left first.
@@ -191,7 +196,7 @@ void PageCycle::LeaveFor(std::optional<int> page) {
 
 void PageCycle::GoOn() {
     if (!next_) return Link().shell.stack.ClosePage(parts_.page);
-    parts_.editing.Forget();
+    ForgetEdits();
     Open(*next_);
     const std::string title = shell::EntryTitle(Link().shell, parts_.page.Name(), page_);
     if (!title.empty()) parts_.page.SetTitle(title);

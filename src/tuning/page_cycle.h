@@ -136,6 +136,7 @@ class PageCycle {
     void ReadingFailed();
     void FlagUnanswered();
     void DoubtUnanswered();
+    void ForgetEdits();
     void End();
 
     const WorkRow& RowOf(Work work) const;

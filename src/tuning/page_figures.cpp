@@ -67,11 +67,21 @@ pages::Cells CellsOf(const GridRow& grid, const MemoriaTable& memoria, std::size
     return cells;
 }
 
-bool AnyChanged(const GridRow& grid, const MemoriaTable& memoria) {
-    for (int i = 0; i < grid.records; ++i) {
-        if (Differ(memoria[grid.record + static_cast<std::size_t>(i)])) return true;
+std::vector<pages::CellPlace> ChangedCells(const GridRow& grid, const MemoriaTable& memoria) {
+    std::vector<pages::CellPlace> places;
+    for (int row = 0; row < grid.rows; ++row) {
+        for (int column = 0; column < grid.columns; ++column) {
+            const std::size_t record = grid.RecordAt(row, column);
+            if (record < MemoriaCount && Differ(memoria[record]))
+                places.push_back({row + grid.HeaderRows(), column + grid.HeaderColumns()});
+        }
     }
-    return false;
+    return places;
+}
+
+void MarkChanged(pages::Control& grid, std::vector<pages::CellPlace> places) {
+    grid.SetChanged(!places.empty());
+    grid.SetChangedCells(std::move(places));
 }
 
 }  // namespace
@@ -89,7 +99,7 @@ void ShowFigures(const PageSet& set, const Tuning& tuning, std::string_view sect
             const GridRow& row = *grid.row;
             grid.value->SetCells(CellsOf(row, memoria, 1, shell, section), row.HeaderRows(), row.HeaderColumns());
             grid.initial->SetCells(CellsOf(row, memoria, 0, shell, section), row.HeaderRows(), row.HeaderColumns());
-            grid.value->SetChanged(AnyChanged(row, memoria));
+            MarkChanged(*grid.value, ChangedCells(row, memoria));
         }
     }
 }
@@ -106,7 +116,7 @@ void ClearFigures(const PageSet& set) {
     for (const TableControls& table : set.tables) {
         for (const GridControls& grid : table.grids) {
             for (Control* control : {grid.value, grid.initial}) control->SetCells({}, 0, 0);
-            grid.value->SetChanged(false);
+            MarkChanged(*grid.value, {});
             grid.value->SetRefused(false);
             grid.value->SetRefusedCells({});
             grid.value->SetFocusCell({});

@@ -16,7 +16,7 @@ std::string ShownFigure(const Record& record, std::size_t slot);
 // field in which an edit is under way keeps what is typed. An initial value that the unit's selector shows otherwise
 // than the edited one bears its own unit.
 void ShowFigures(const PageSet& set, const Tuning& tuning, std::string_view section);
-// Both columns empty: the page has not been read.
+// Both columns empty and without marks: the page has not been read, or has been left.
 void ClearFigures(const PageSet& set);
 
 }  // namespace tuning

@@ -55,6 +55,9 @@ TEST(MessaL1, NothingCanBeTypedOutsideTheEditMode) {
     EXPECT_EQ(e.Page().Modifica.Text(), e.Text("MODIFICA.1", "TASTI"));
     EXPECT_EQ(e.Page().Focus(), &e.Page().LambdaRicco);
     e.EnterCell(0, 0, "50");
+    e.EnterCell(15, 7, "51");
+    e.EnterCell(2, 3, e.Cell(2, 3));
+    EXPECT_EQ(e.Page().LambdaRicco.ChangedCells(), (std::vector<pages::CellPlace>{{1, 1}, {8, 16}}));
     EXPECT_TRUE(e.Page().LambdaRicco.Changed());
     e.Press(e.Page().Modifica);
     EXPECT_TRUE(e.Page().LambdaRicco.Locked());
@@ -202,6 +205,7 @@ TEST(MessaL1, AStoredCellStandsInMemoryInItsCopyAndInTheRunningEngine) {
     EXPECT_EQ(e.Stored(48 + 42), 77);
     EXPECT_EQ(e.Stored(352 + 42), 77);
     EXPECT_EQ(e.Live(1064 + 42), 77);
+    EXPECT_TRUE(e.Page().LambdaRicco.ChangedCells().empty());
     e.Press(e.Page().Esci);
     EXPECT_FALSE(e.Page().IsOpen()) << "what is stored is no reason to ask";
     e.Sim("ignition off");
@@ -462,6 +466,7 @@ TEST(MessaL1, LeavingWithEditsAsksFirst) {
     e.Press(e.Page().Esci);
     e.Press(question.TastoYes);
     EXPECT_FALSE(e.Page().IsOpen());
+    EXPECT_FALSE(e.Page().LambdaRicco.Changed() || !e.Page().LambdaRicco.ChangedCells().empty());
     EXPECT_TRUE(e.sent.empty()) << "leaving writes nothing";
     e.OpenForEditing();
     EXPECT_NE(e.Cell(0, 0), "99");

@@ -535,6 +535,47 @@ TEST(PageEditing, OnlyTheseThresholdsBoundEachOther) {
     }
 }
 
+// A mark lasts as long as the figure differs from the unit's, and no longer than its page is on the screen.
+TEST(PageEditing, WhatWasEditedIsMarkedUntilItIsStoredOrItsPageIsLeft) {
+    using Cells = std::vector<pages::CellPlace>;
+    PageRig rig("MessaP");
+    rig.Open(4);
+    rig.Press("TastoTrans");
+    pages::Control& grid = rig.Control("TransitT");
+    rig.EnterCell("TransitT", 1, 2, "2100");
+    EXPECT_EQ(grid.ChangedCells(), (Cells{{1, 2}, {2, 1}})) << "both rows show the breakpoint";
+    rig.EnterCell("TransitT", 3, 6, "9");
+    rig.EnterCell("TransitT", 1, 2, "2000");
+    EXPECT_EQ(grid.ChangedCells(), (Cells{{3, 6}})) << "typed back";
+    rig.Chain("Applica(0)");
+    EXPECT_EQ(grid.ChangedCells(), (Cells{{3, 6}})) << "tried is not stored";
+    rig.Chain("InMemor");
+    EXPECT_EQ(grid.ChangedCells(), Cells{});
+    EXPECT_FALSE(grid.Changed());
+
+    for (const bool close : {false, true}) {
+        rig.EnterCell("TransitT", 3, 6, close ? "11" : "10");
+        rig.Press("TastoTrans");
+        rig.Enter("ValTrans(1)", "7");
+        if (close) {
+            rig.Chain("Esci");
+        } else {
+            rig.Choose("Pagine", 2);
+            ASSERT_TRUE(rig.Finish());
+            ASSERT_TRUE(rig.Finish());
+        }
+        for (const pages::Control* control : rig.Page().Controls()) {
+            EXPECT_FALSE(control->Changed()) << control->Name() << close;
+            EXPECT_TRUE(control->ChangedCells().empty()) << control->Name() << close;
+        }
+        if (!close) {
+            rig.Choose("Pagine", 4);
+            ASSERT_TRUE(rig.Finish());
+            rig.Press("TastoTrans");
+        }
+    }
+}
+
 // A cell is put right where it stands.
 TEST(PageEditing, ARefusedCellKeepsWhatWasTypedAndHoldsTheStoreBack) {
     PageRig rig("MessaP");
