@@ -105,7 +105,7 @@ void Imposta::Next() {
     const bool last = cycle.Page() == LastStepPage;
     if (!PutIntoBaseMap(tuning_, controls.Shown().records, last)) {
         tuning_.memory.link.shell.Beep();
-        return cycle.Tell(NotWritten);
+        return cycle.Tell(pages::Tone::Failed, NotWritten);
     }
     if (!last) return OpenStep(cycle.Page() + 1);
     tuning_.memory.link.shell.stack.ClosePage(*this);

@@ -143,8 +143,8 @@ void MessaL1::SetTableWhy(Reason why) {
     for (pages::Button* button : {&Modifica, &Distribuisci, &LimDistr, &Memorizza, &RileggoReset}) button->SetWhy(why);
 }
 
-void MessaL1::Tell(std::string text) {
-    Segnalazione.SetText(std::move(text));
+void MessaL1::Say(pages::Tone tone, std::string text) {
+    Segnalazione.Say(tone, std::move(text));
 }
 
 const std::string& MessaL1::CellText(int cell) const {
@@ -199,7 +199,7 @@ void MessaL1::RefuseOverSpeed(const Record& limits) {
     shell::Shell& shell = tuning_.memory.link.shell;
     pages::Field& field = Giri[OverSpeedColumn];
     shell.Beep();
-    Tell(Format0(limits.Min) + " - " + Format0(limits.Max));
+    Say(pages::Tone::Refused, Format0(limits.Min) + " - " + Format0(limits.Max));
     field.SetRefused(true);
     field.pending = true;
     SetFocus(&field);

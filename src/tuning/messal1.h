@@ -79,7 +79,8 @@ struct MessaL1 : pages::Page {
     void Spread();
     void TellAnchors();
     void Leave();
-    void Tell(std::string text);
+    void Tell(std::string text) { Say(pages::Tone::Plain, std::move(text)); }
+    void Say(pages::Tone tone, std::string text);
     const std::string& CellText(int cell) const;
     void SetCellText(int cell, const std::string& text);
     BaseMap MapOnPage();
@@ -95,7 +96,7 @@ struct MessaL1 : pages::Page {
     void Stored();
     void Begin(std::string text, std::size_t frames);
     void ShowProgress();
-    void Finish(std::string text);
+    void Finish(pages::Tone tone, std::string text);
     void ReadingFailed();
 
     // The engine beside the map.

@@ -12,6 +12,7 @@ namespace {
 
 using eculink::StateRow;
 using eculink::TimeOut;
+using pages::Tone;
 
 constexpr int StoringSpare = 160;  // kept beside the three of the store; nothing starts it
 constexpr int StoringAxes = 161;
@@ -36,9 +37,10 @@ void MessaL1::AddStates() {
     for (const StoreState& row : StoreStates) {
         catalogue.Add(
             StateRow{row.state, "wis", TimeOut::S}, [this](const std::string&) { return StoreReply(); },
-            [this, &shell] { Finish(shell.TestoLingua("ERRORE_3", "ERRORI")); },
+            [this, &shell] { Finish(Tone::Refused, shell.TestoLingua("ERRORE_3", "ERRORI")); },
             [this, &shell, row](int) {
-                Finish(row.tellsSilence ? shell.TestoLingua("ERRORE_3", "ERRORI") : std::string());
+                if (!row.tellsSilence) return Finish(Tone::Plain, {});
+                Finish(Tone::Failed, shell.TestoLingua("ERRORE_3", "ERRORI"));
             });
     }
     catalogue.Add(
@@ -48,13 +50,13 @@ void MessaL1::AddStates() {
     catalogue.Add(
         StateRow{ReadingAgain, "r", TimeOut::S3},
         [this](const std::string& frame) { return ReadReply(frame, &MessaL1::TableReadAgain); }, {},
-        [this](int) { Finish({}); });
+        [this](int) { Finish(Tone::Plain, {}); });
 }
 
 void MessaL1::Begin(std::string text, std::size_t frames) {
     frames_ = frames;
     replies_ = 0;
-    Tell(std::move(text));
+    Say(Tone::Progress, std::move(text));
     ShowProgress();
     SetEnabled(false);
 }
@@ -65,9 +67,9 @@ void MessaL1::ShowProgress() {
     Avanzamento.SetVisible(true);
 }
 
-void MessaL1::Finish(std::string text) {
+void MessaL1::Finish(Tone tone, std::string text) {
     SetLimits(tuning_);
-    Tell(std::move(text));
+    Say(tone, std::move(text));
     Avanzamento.SetVisible(false);
     SetEnabled(true);
 }
@@ -100,19 +102,19 @@ void MessaL1::TableRead() {
     tableRead_ = true;
     ShowMap(held_);
     MarkChanges();
-    Finish({});
+    Finish(Tone::Plain, {});
 }
 
 // The cells on the page are those of the engine; what counts as stored is the memory.
 void MessaL1::TableReadAgain() {
     ShowCells(moving_);
     MarkChanges();
-    Finish(tuning_.memory.link.shell.TestoLingua("SEGNALAZIONE_5", "MESSAL1"));
+    Finish(Tone::Done, tuning_.memory.link.shell.TestoLingua("SEGNALAZIONE_5", "MESSAL1"));
 }
 
 // What was read in part is not shown: nothing of it may be stored.
 void MessaL1::ReadingFailed() {
-    Finish(tuning_.memory.link.shell.TestoLingua("ERRORE_18", "ERRORI"));
+    Finish(Tone::Failed, tuning_.memory.link.shell.TestoLingua("ERRORE_18", "ERRORI"));
     SetTableWhy(pages::Reason::ReadingFailed);
     SetFocus(&Esci);
 }
@@ -157,7 +159,7 @@ void MessaL1::Stored() {
     halfStored_ = false;
     for (int row = 0; row < MapRows; ++row) readMAPV_[static_cast<std::size_t>(row)] = MAPV[row].Text();
     MarkChanges();
-    Finish(tuning_.memory.link.shell.TestoLingua("SEGNALAZIONE_1", "MESSAL1"));
+    Finish(Tone::Done, tuning_.memory.link.shell.TestoLingua("SEGNALAZIONE_1", "MESSAL1"));
 }
 
 }  // namespace tuning

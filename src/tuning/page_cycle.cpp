@@ -14,6 +14,7 @@ namespace tuning {
 namespace {
 
 using pages::Reason;
+using pages::Tone;
 using shell::Text;
 
 constexpr Text NotRead{"ERRORE_18", "ERRORI"};
@@ -78,12 +79,12 @@ const WorkRow& PageCycle::RowOf(Work work) const {
                          [work](const WorkRow& row) { return row.work == work; });
 }
 
-void PageCycle::Tell(const Text& text) {
-    parts_.foot.Segnalazione.SetText(Link().shell.TestoLingua(text));
+void PageCycle::Tell(Tone tone, const Text& text) {
+    parts_.foot.Segnalazione.Say(tone, Link().shell.TestoLingua(text));
 }
 
 void PageCycle::TellNotRead() {
-    Tell(NotRead);
+    Tell(Tone::Failed, NotRead);
 }
 
 void PageCycle::LoadTexts() {
@@ -145,7 +146,7 @@ void PageCycle::ShowKnown(int page) {
 void PageCycle::ShowUnread(int page, const Text& why) {
     withUnit_ = false;
     Show(page);
-    Tell(why);
+    Tell(Tone::Failed, why);
     UpdateButtons();
 }
 
@@ -216,7 +217,7 @@ bool PageCycle::Begin(Work work, int state, std::string chain) {
 void PageCycle::StartReading() {
     writes_.clear();
     if (!Begin(Work::Reading, dialog_.reading.state, PageReads(*parts_.controls.Shown().row))) return TellNotRead();
-    Tell({ReadingKey, dialog_.section});
+    Tell(Tone::Progress, {ReadingKey, dialog_.section});
 }
 
 // Starts a chain of writes, from idle alone. False when nothing has been sent.
@@ -228,7 +229,7 @@ bool PageCycle::Start(const WorkRow& row) {
     if (row.traced) eculink::TracciaTx(Link(), chain);
     if (!Begin(row.work, row.state, std::move(chain))) return false;
     parts_.editing.ClearFlags();
-    Tell({row.running, dialog_.section});
+    Tell(Tone::Progress, {row.running, dialog_.section});
     return true;
 }
 
@@ -291,7 +292,7 @@ void PageCycle::Finish() {
             return GoOn();
     }
     End();
-    if (work != Work::Reading) Tell({DoneKey(work), dialog_.section});
+    if (work != Work::Reading) Tell(Tone::Done, {DoneKey(work), dialog_.section});
     UpdateButtons();
 }
 
@@ -338,7 +339,7 @@ void PageCycle::Refused() {
     if (*work_ == Work::Reading) return ReadingFailed();
     const Text text = RowOf(*work_).refused;
     End();
-    Tell(text);
+    Tell(Tone::Refused, text);
     UpdateButtons();
 }
 
@@ -348,7 +349,7 @@ void PageCycle::TimedOut() {
     End();
     DoubtUnanswered();
     FlagUnanswered();
-    Tell(NoAnswer);
+    Tell(Tone::Failed, NoAnswer);
     UpdateButtons();
 }
 

@@ -102,7 +102,7 @@ class PageCycle {
     bool Read() const { return read_; }
     // The number of the page on the screen.
     int Page() const { return page_; }
-    void Tell(const shell::Text& text);
+    void Tell(pages::Tone tone, const shell::Text& text);
     // What the page wanted from the unit cannot be had.
     void TellNotRead();
 

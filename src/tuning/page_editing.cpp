@@ -161,7 +161,7 @@ void PageEditing::Refuse(std::size_t record, const Limits& limits) {
     Flag(record);
     Control* control = controls_.ValueOf(record);
     if (control == nullptr) return;
-    message_.SetText(LimitWords(*control, limits));
+    message_.Say(pages::Tone::Refused, LimitWords(*control, limits));
     pages::CellPlace cell;
     if (controls_.GridOf(record, &cell) != nullptr) control->SetFocusCell(cell);
     control->Owner().SetFocus(control);

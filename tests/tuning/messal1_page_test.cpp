@@ -8,6 +8,7 @@
 namespace {
 
 using pages::Reason;
+using pages::Tone;
 using shell::True;
 using tuning_test::BaseMapEditor;
 
@@ -166,6 +167,7 @@ TEST(MessaL1, MemorizzaWritesAxesAndCellsInTheirOrder) {
     EXPECT_EQ(e.State(), 161);
     EXPECT_FALSE(e.Page().Enabled());
     EXPECT_EQ(e.Shown(), e.Text("SEGNALAZIONE_4", "MESSAL1"));
+    EXPECT_EQ(e.Tone(), Tone::Progress);
     EXPECT_EQ(e.Stack().Press(e.Page().Memorizza).why, Reason::PageDisabled);
     EXPECT_EQ(e.Stack().Close(e.Page()).why, Reason::PageDisabled);
     ASSERT_TRUE(e.Finish());
@@ -232,6 +234,7 @@ TEST(MessaL1, RileggoResetTakesTheCellsFromTheWorkingMemoryAndLeavesTheAxes) {
     EXPECT_EQ(e.Page().Giri[3].Text(), "1600");
     EXPECT_TRUE(e.Page().LambdaRicco.Changed()) << "the memory holds another cell than the engine";
     EXPECT_EQ(e.Shown(), e.Text("SEGNALAZIONE_5", "MESSAL1"));
+    EXPECT_EQ(e.Tone(), Tone::Done);
     e.EnterCell(15, 7, std::to_string(e.Stored(175)));
     EXPECT_FALSE(e.Page().LambdaRicco.Changed());
     EXPECT_TRUE(e.Page().Unsaved()) << "the axis is still not stored";
@@ -250,6 +253,7 @@ TEST(MessaL1, TheOverSpeedThresholdKeepsItsLimits) {
         e.Enter(page.Giri[15], figure);
         EXPECT_EQ(e.Beeps(), beeps + 1) << figure;
         EXPECT_EQ(e.Shown(), "4500 - 10000") << figure;
+        EXPECT_EQ(e.Tone(), Tone::Refused) << figure;
         EXPECT_EQ(page.Giri[15].Text(), figure);
         EXPECT_TRUE(page.Giri[15].Refused());
         EXPECT_EQ(page.Focus(), &page.Giri[15]);
@@ -374,6 +378,7 @@ TEST(MessaL1, ARefusedOrSilentStoreLeavesTheCellsAsTyped) {
         EXPECT_EQ(e.sent.size(), c.frames) << c.line;
         EXPECT_EQ(e.states.back(), c.state) << c.line;
         EXPECT_EQ(e.Shown(), c.key == nullptr ? "" : e.Text(c.key, "ERRORI")) << c.line;
+        EXPECT_EQ(e.Tone(), c.key == nullptr ? Tone::Plain : c.beeps == 0 ? Tone::Refused : Tone::Failed) << c.line;
         EXPECT_EQ(e.Beeps(), beeps + c.beeps) << c.line;
         EXPECT_TRUE(e.Page().Enabled()) << c.line;
         EXPECT_FALSE(e.Page().Avanzamento.Visible()) << c.line;
@@ -409,6 +414,7 @@ TEST(MessaL1, AFailedOpeningLeavesNothingThatCouldBeStored) {
         e.Sim(line);
         e.Open();
         EXPECT_EQ(e.Shown(), e.Text("ERRORE_18", "ERRORI")) << line;
+        EXPECT_EQ(e.Tone(), Tone::Failed) << line;
         EXPECT_EQ(e.Beeps(), beeps + 1) << line;
         EXPECT_TRUE(e.Page().Enabled()) << line;
         EXPECT_EQ(e.Cell(0, 0), "") << line;

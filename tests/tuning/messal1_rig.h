@@ -55,6 +55,7 @@ struct BaseMapEditor : support::Simulated {
         return Page().LambdaRicco.GetCells()[static_cast<std::size_t>(row + 1)][static_cast<std::size_t>(column + 1)];
     }
     std::string Shown() { return Page().Segnalazione.Text(); }
+    pages::Tone Tone() { return Page().Segnalazione.GetTone(); }
     int Beeps() const { return program.shell.state.beeps; }
     int Stored(int address) { return unit.Cells().Byte(sim::Area::Esterna, address); }
     int Live(int address) { return unit.Cells().Byte(sim::Area::Working, address); }

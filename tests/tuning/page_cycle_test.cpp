@@ -6,6 +6,7 @@
 namespace {
 
 using pages::Reason;
+using pages::Tone;
 using tuning_test::PageRig;
 using Frames = PageRig::Frames;
 
@@ -35,6 +36,7 @@ TEST(PageCycle, TheTwoApplicaTakeTurnsWithNewAndInitialValues) {
     EditSpeeds(rig);
     ASSERT_TRUE(rig.Press("Applica(0)").ok);
     EXPECT_EQ(rig.State(), 100);
+    EXPECT_EQ(rig.Tone(), Tone::Progress);
     EXPECT_EQ(rig.Press("InMemor").why, Reason::Transaction);
     EXPECT_EQ(rig.Press("Esci").why, Reason::Transaction);
     EXPECT_EQ(rig.Stack().Select(rig.Control("Pagine"), {0}).why, Reason::Transaction);
@@ -57,6 +59,7 @@ TEST(PageCycle, TheTwoApplicaTakeTurnsWithNewAndInitialValues) {
     EXPECT_EQ(TraceOf(rig), Traced(OldSpeeds));
     EXPECT_EQ(rig.Live(39), 6200);
     EXPECT_EQ(rig.Shown(), rig.Text("SEGNALAZIONE_5", "MESSAP"));
+    EXPECT_EQ(rig.Tone(), Tone::Done);
 
     EXPECT_EQ(rig.Chain("Applica(0)"), NewSpeeds) << "and back, without an edit between";
     rig.Enter("ValFG(1)", "5700");
@@ -315,6 +318,7 @@ TEST(PageCycle, ARefusalOrSilenceEndsTheChainAndLeavesThePageUsable) {
                 EXPECT_EQ(rig.sent.size(), frame) << at;
                 EXPECT_EQ(rig.Beeps(), beeps + (silence ? 1 : 0)) << at;
                 EXPECT_EQ(rig.Shown(), silence ? rig.Text("ERRORE_3", "ERRORI") : rig.Text(b.refusal, b.section)) << at;
+                EXPECT_EQ(rig.Tone(), silence ? Tone::Failed : Tone::Refused) << at;
                 EXPECT_TRUE(rig.Page().IsOpen() && rig.Page().Enabled()) << at;
                 EXPECT_EQ(rig.Control("InMemor").Why(), Reason::None) << at;
                 EXPECT_EQ(rig.Control("Esci").Why(), Reason::None) << at;
@@ -440,6 +444,7 @@ TEST(PageCycle, EveryPageCanBeStoredAsItStands) {
             const std::size_t frames = rig.Chain("InMemor").size();
             EXPECT_GT(frames, 0U) << dialog << page;
             EXPECT_EQ(rig.Shown(), rig.Text("SEGNALAZIONE_1", pages == 12 ? "MESSAP" : "IMPOSTA")) << dialog << page;
+            EXPECT_EQ(rig.Tone(), Tone::Done);
             ASSERT_TRUE(rig.Press("Esci").ok) << dialog << page;
         }
     }

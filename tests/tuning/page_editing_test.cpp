@@ -55,12 +55,14 @@ TEST(PageEditing, AFigureOutsideItsLimitsIsRefusedAndNeverReachesTheRecord) {
                     EXPECT_EQ(field->Text(), typed) << "what was typed stays to be put right";
                     EXPECT_EQ(rig.Page().Focus(), field) << field->Name();
                     EXPECT_NE(rig.Shown().find(" - "), std::string::npos) << field->Name();
+                    EXPECT_EQ(rig.Tone(), pages::Tone::Refused) << field->Name();
                     EXPECT_EQ(rig.Press("InMemor").why, Reason::ValueRefused) << "it is looked at again";
                     ++tried;
                 }
                 rig.Enter(field->Name(), std::string(platform::Trim(before)));
                 EXPECT_FALSE(field->Refused()) << field->Name();
                 EXPECT_EQ(rig.Shown(), "") << field->Name();
+                EXPECT_EQ(rig.Tone(), pages::Tone::Plain) << field->Name();
             }
             EXPECT_EQ(rig.sent, PageRig::Frames{});
         }

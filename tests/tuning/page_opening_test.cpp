@@ -78,6 +78,7 @@ TEST(PageOpening, FillsBothColumnsOfEveryPage) {
             EXPECT_EQ(rig.Control("Pagine").Why(), Reason::Transaction);
             EXPECT_EQ(rig.Stack().Close(rig.Page()).why, Reason::Transaction);
             EXPECT_EQ(rig.Shown(), rig.Text("SEGNALAZIONE_3", dialog.pages == 12 ? "MESSAP" : "IMPOSTA"));
+            EXPECT_EQ(rig.Tone(), pages::Tone::Progress);
             const std::int64_t start = rig.host.world.ElapsedMicros();
             ASSERT_TRUE(rig.Finish());
             const auto frames = static_cast<std::int64_t>(rig.sent.size());
@@ -142,6 +143,7 @@ TEST(PageOpening, AReadingThatFailsLeavesAnEmptyPageThatCanOnlyBeLeftOrReadAgain
             EXPECT_LE(rig.host.world.ElapsedMicros() - start, (c.silence + 500) * 1000) << c.fault;
             EXPECT_EQ(rig.Beeps(), beeps + 1);
             EXPECT_EQ(rig.Shown(), rig.Text("ERRORE_18", "ERRORI"));
+            EXPECT_EQ(rig.Tone(), pages::Tone::Failed);
             const std::string field = dialog.pages == 12 ? "ValLam(1)" : "ValCom(1)";
             EXPECT_EQ(rig.Field(field), "");
             EXPECT_EQ(rig.Control(field).Why(), Reason::ReadingFailed);

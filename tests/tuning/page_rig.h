@@ -70,6 +70,7 @@ struct PageRig : support::Simulated {
     }
     std::string Field(const std::string& control) { return Control(control).Text(); }
     std::string Shown() { return Field("Segnalazione"); }
+    pages::Tone Tone() { return Control("Segnalazione").GetTone(); }
     int Beeps() const { return program.shell.state.beeps; }
     int Interna(int address) { return unit.Cells().Byte(sim::Area::Interna, address); }
     int Word(int address) { return unit.Cells().Word(sim::Area::Interna, address); }
