@@ -14,9 +14,9 @@ struct MessaP : pages::Page {
     explicit MessaP(Tuning& owner);
 
     PageHead head{*this};
+    pages::Button LeggoTPS{*this, "LeggoTPS"};  // above the rows, as the buttons of the tables
     PageControls controls;
     pages::Label B_Lam{*this, "B_Lam"};  // where the engine runs, and the thresholds by which it is controlled
-    pages::Button LeggoTPS{*this, "LeggoTPS"};
     LivePanel live;
     PageFoot foot{*this};
     PageEditing editing;

@@ -44,7 +44,16 @@ PageControls::PageControls(pages::Page& page, const shell::Shell& shell, std::st
       section_(section),
       captions_(page, "LabMP", RowsOfAll(rows)),
       units_(page, "Umi", RowsOfAll(rows)) {
+    for (const PageRow& row : rows) MakeButtons(row);
     for (const PageRow& row : rows) sets_.push_back(MakeSet(row));
+}
+
+// They stand above the rows, and so before them in reading order.
+void PageControls::MakeButtons(const PageRow& row) {
+    for (const TableRow& table : row.tables) {
+        Make(std::string(table.button), Kind::Button);
+        Make(TwinName(table.button, Alone), Kind::Button);
+    }
 }
 
 // Pages that name a control alike share it.

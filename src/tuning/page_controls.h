@@ -73,6 +73,7 @@ class PageControls {
 
   private:
     pages::Control& Make(std::string name, pages::Kind kind);
+    void MakeButtons(const PageRow& row);
     PageSet MakeSet(const PageRow& row);
     FieldControls MakeField(const FieldRow& row);
     TableControls MakeTable(const TableRow& row);

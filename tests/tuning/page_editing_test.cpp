@@ -483,6 +483,27 @@ TEST(PageEditing, TheThrottleIsReadIntoTheFieldThatAsks) {
     EXPECT_EQ(rig.Shown(), rig.Text("ERRORE_18", "ERRORI"));
 }
 
+// What is not on the screen takes no throttle; the buttons above the rows come before them.
+TEST(PageEditing, TheThrottleButtonGoesWithItsFieldAndStandsBeforeIt) {
+    PageRig rig("MessaP", {"rpm 2000", "throttle 40"});
+    rig.Open(1);
+    rig.Run(500);
+    const auto order = [&rig](const char* control) {
+        const auto& all = rig.Page().Controls();
+        return std::find(all.begin(), all.end(), &rig.Control(control)) - all.begin();
+    };
+    for (const char* button : {"LeggoTPS", "ResetCO", "ResetCODef", "SoglieLam", "TastoRil", "TastoMappaDef"}) {
+        EXPECT_LT(order("Pagine"), order(button)) << button;
+        EXPECT_LT(order(button), order("ScelgoMAP")) << button;
+    }
+    rig.Stack().FocusOn(rig.Control("ValCut(4)"));
+    rig.Press("ResetCO");
+    EXPECT_EQ(rig.Press("LeggoTPS").why, Reason::Hidden);
+    EXPECT_EQ(rig.Dato("ValCut(4)", 1), rig.Dato("ValCut(4)", 0));
+    rig.Press("ResetCO");
+    EXPECT_TRUE(rig.Press("LeggoTPS").ok);
+}
+
 TEST(PageEditing, TheLiveThrottleReplacesARefusedFigure) {
     PageRig rig("MessaP", {"rpm 2000", "throttle 40"});
     rig.Open(1);
