@@ -26,7 +26,8 @@ constexpr DialogRow Dialog{
     "wis",
     TimeOut::P,
     {{
-        {Work::TryingNew, 100, 1, Homes::Trial, true, "SEGNALAZIONE_8", "SEGNALAZIONE_4", Refusal, "SEGNALAZIONE_9"},
+        {Work::TryingNew, 100, 1, Homes::Trial, true, "SEGNALAZIONE_8", "SEGNALAZIONE_4", Refusal, "SEGNALAZIONE_9",
+         "SEGNALAZIONE_10"},
         {Work::TryingInitial, 101, 0, Homes::Trial, true, "SEGNALAZIONE_8", "SEGNALAZIONE_5", Refusal},
         {Work::Storing, 110, 1, Homes::Both, true, "SEGNALAZIONE_6", "SEGNALAZIONE_1", StoreRefusal},
         {Work::Leaving, 120, 0, Homes::Working, false, "SEGNALAZIONE_7", "", Refusal},

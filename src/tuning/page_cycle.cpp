@@ -298,6 +298,11 @@ void PageCycle::Finish() {
 
 std::string_view PageCycle::DoneKey(Work work) const {
     const WorkRow& row = RowOf(work);
+    const std::vector<std::size_t>& records = parts_.controls.Shown().records;
+    const bool inPart = std::any_of(records.begin(), records.end(), [this](std::size_t number) {
+        return ParameterRows[number].borrowsRAM && Differ(tuning_.memoria[number]);
+    });
+    if (inPart && !row.doneInPart.empty()) return row.doneInPart;
     const bool inMemory =
         std::any_of(writes_.begin(), writes_.end(), [](const PageWrite& write) { return write.permanent; });
     return inMemory && !row.doneInMemory.empty() ? row.doneInMemory : row.done;

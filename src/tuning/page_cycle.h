@@ -27,6 +27,7 @@ struct WorkRow {
     std::string_view done;
     shell::Text refused;
     std::string_view doneInMemory = {};  // where the trial of some parameter is in the memory; empty: as `done`
+    std::string_view doneInPart = {};    // where an edited parameter takes no part in a trial; empty: as `done`
 };
 
 // A dialog of tuning pages: everything in which the two differ but their pages.

@@ -530,7 +530,9 @@ TEST(PageCycle, TheLastFullLoadBreakpointIsWrittenToTheMemoryAlone) {
         return found;
     };
     EXPECT_EQ(concerned(rig.Chain("Applica(0)")), Frames{});
+    EXPECT_EQ(rig.Shown(), rig.Text("SEGNALAZIONE_10", "MESSAP")) << "the trial does not claim it";
     EXPECT_EQ(concerned(rig.Chain("Applica(1)")), Frames{});
+    EXPECT_EQ(rig.Shown(), rig.Text("SEGNALAZIONE_5", "MESSAP"));
     EXPECT_EQ(concerned(rig.Chain("InMemor")), Frames{"S3342000213EC"});
     EXPECT_EQ(rig.Live(1206), loads);
 }
