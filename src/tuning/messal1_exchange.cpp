@@ -1,7 +1,6 @@
 #include "link/catalogue.h"
 #include "link/frames/build.h"
 #include "link/transaction.h"
-#include "tuning/limits.h"
 #include "tuning/messal1.h"
 #include "tuning/page_frames.h"
 #include "tuning/tuning.h"

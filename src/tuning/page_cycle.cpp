@@ -5,7 +5,6 @@
 
 #include "link/frames/build.h"
 #include "link/transaction.h"
-#include "tuning/limits.h"
 #include "tuning/page_figures.h"
 #include "tuning/tuning.h"
 

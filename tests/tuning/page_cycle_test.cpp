@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "link/frames/numbers.h"
 #include "tuning/page_rig.h"
 
