@@ -79,6 +79,13 @@ bool HasCell(const Control& grid, int row, int column) {
            column < static_cast<int>(grid.GetCells()[static_cast<std::size_t>(row)].size());
 }
 
+// Whether a refused figure holds the hand in another cell of the table.
+bool HeldElsewhere(const Control& grid, CellPlace cell) {
+    const std::vector<CellPlace>& refused = grid.RefusedCells();
+    return grid.pending && grid.FocusCell() != cell &&
+           std::find(refused.begin(), refused.end(), grid.FocusCell()) != refused.end();
+}
+
 // Of the options of a group (all options of a page whose names differ in the index alone) only one is on.
 void TurnOn(Control& option) {
     const std::string_view group = std::string_view(option.Name()).substr(0, option.Name().find('('));
@@ -265,6 +272,7 @@ Outcome PageStack::PointAtCell(Control& control, int row, int column) {
     if (control.GetKind() != Kind::Grid) return Outcome::Refused(Reason::WrongKind);
     if (!HasCell(control, row, column)) return Outcome::Refused(Reason::NoSuchEntry);
     if (const Outcome reached = Reach(control); !reached.ok) return reached;
+    if (HeldElsewhere(control, {row, column})) return Outcome::Refused(Reason::ValueRefused);
     control.Owner().SetFocus(&control);
     control.SetFocusCell({row, column});
     return Outcome::Done();

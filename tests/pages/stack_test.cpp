@@ -270,6 +270,21 @@ TEST(PageStack, ArrowsAndEnterMoveTheHandThroughATable) {
     EXPECT_EQ(s.Focus(), &s.Save) << "from the last cell Enter goes on";
 }
 
+TEST(PageStack, ARefusedCellHoldsTheHand) {
+    Desk d;
+    Sheet& s = d.bottom;
+    s.Table.SetCells({{"head", "head"}, {"1", "2"}}, 1, 0);
+    ASSERT_TRUE(d.stack.EditCell(s.Table, 1, 0, "9").ok);
+    s.Table.pending = true;
+    s.Table.SetRefusedCells({{1, 0}});
+    s.Log();
+    EXPECT_EQ(d.stack.PointAtCell(s.Table, 1, 1).why, Reason::ValueRefused);
+    EXPECT_EQ(d.stack.Key(s, "Right").why, Reason::ValueRefused);
+    EXPECT_EQ(s.Table.FocusCell(), (CellPlace{1, 0}));
+    EXPECT_EQ(s.Log(), "");
+    EXPECT_TRUE(d.stack.EditCell(s.Table, 1, 0, "8").ok) << "there it is put right";
+}
+
 TEST(PageStack, AButtonThatGoesAwayWithItsPressGivesTheHandOn) {
     Desk d;
     Sheet& s = d.bottom;
