@@ -159,10 +159,11 @@ Json TypeIntoCell(Context& context, const std::string& name, const tuning::Named
     return WithCell(Answer(context, StackOf(context).EditCell(*cell.grid, row, column, text)), name, cell);
 }
 
-// Goes on as Enter does, unless the figure is refused.
+// Goes on as Enter does, unless a figure is refused, this one or the one that holds the hand.
 Json EnterIntoCell(Context& context, const std::string& name, const tuning::NamedCell& cell, const std::string& text) {
     const Json typed = TypeIntoCell(context, name, cell, text);
-    if (typed["ok"] != true || OfCell(*cell.grid, cell.place).contains("refused")) return typed;
+    const bool stays = typed.contains("held") || OfCell(*cell.grid, cell.place).contains("refused");
+    if (typed["ok"] != true || stays) return typed;
     StackOf(context).Key(cell.grid->Owner(), "Enter");
     return WithCell(Done(), name, cell);
 }
@@ -188,7 +189,7 @@ Json Enter(Context& context, const Words& words) {
         context, words,
         [&](Control& control) {
             const Outcome typed = StackOf(context).Type(control, words[2]);
-            if (!typed.ok) return Answer(context, typed);
+            if (!typed.ok) return WithFocus(Answer(context, typed), control);
             return WithFocus(Answer(context, StackOf(context).Leave(control)), control);
         },
         [&](const tuning::NamedCell& cell) { return EnterIntoCell(context, words[1], cell, words[2]); });

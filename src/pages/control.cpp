@@ -29,6 +29,7 @@ void Control::SetWhy(Reason why) {
 }
 void Control::SetVisible(bool visible) {
     Assign(visible_, visible);
+    if (!visible && page_.Focus() == this) page_.SetFocus(page_.NextFocus(this));
 }
 void Control::SetLocked(bool locked) {
     Assign(locked_, locked);
@@ -51,8 +52,9 @@ void Control::SetColour(std::string colour) {
 void Control::SetChanged(bool changed) {
     Assign(changed_, changed);
 }
-void Control::SetRefused(bool refused) {
+void Control::SetRefused(bool refused, std::string legal) {
     Assign(refused_, refused);
+    Assign(legal_, std::move(legal));
 }
 
 void Control::SetIndex(int index) {

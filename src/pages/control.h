@@ -71,6 +71,8 @@ class Control {
     // A mark that the eye must find: an edited field, a refused one, the cell under the engine's present state.
     bool Changed() const { return changed_; }
     bool Refused() const { return refused_; }
+    // Of a refused figure: what would be legal, in words; empty where the mark says something else.
+    const std::string& Legal() const { return legal_; }
     int MarkedRow() const { return markedRow_; }
     int MarkedColumn() const { return markedColumn_; }
     // Of a grid: the cell in which the hand stands, those that were edited, and those whose figures were refused.
@@ -82,7 +84,7 @@ class Control {
     void Say(Tone tone, std::string text);
     void Enable(bool on, Reason why = Reason::PageDisabled) { SetWhy(on ? Reason::None : why); }
     void SetWhy(Reason why);
-    void SetVisible(bool visible);
+    void SetVisible(bool visible);  // a control that goes away gives the focus on
     void SetLocked(bool locked);
     void SetMaxLength(std::size_t length);
     void SetItems(std::vector<std::string> items);
@@ -95,7 +97,7 @@ class Control {
     void SetCell(int row, int column, const std::string& text);  // outside the grid: nothing happens
     void SetColour(std::string colour);
     void SetChanged(bool changed);
-    void SetRefused(bool refused);
+    void SetRefused(bool refused, std::string legal = {});
     void MarkCell(int row, int column);  // -1, -1: none
     void SetFocusCell(CellPlace cell);
     void SetChangedCells(std::vector<CellPlace> cells);
@@ -148,6 +150,7 @@ class Control {
     std::string colour_;
     bool changed_ = false;
     bool refused_ = false;
+    std::string legal_;
     int markedRow_ = -1;
     int markedColumn_ = -1;
     CellPlace focusCell_;

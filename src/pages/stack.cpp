@@ -182,14 +182,14 @@ Outcome PageStack::ReachEditable(Control& control, const std::function<bool()>& 
 Outcome PageStack::Press(Control& control) {
     if (!IsPressable(control)) return Outcome::Refused(Reason::WrongKind);
     if (const Outcome reached = ReachEditable(control); !reached.ok) return reached;
-    control.Owner().SetFocus(&control);
+    // A way out that is not taken in the end leaves the hand with the refused figure.
+    Page& page = control.Owner();
+    const bool held = control.escapes && page.Focus() != nullptr && page.Focus()->pending;
+    if (!held) page.SetFocus(&control);
     if (control.GetKind() == Kind::Option) TurnOn(control);
     if (control.GetKind() == Kind::Check) control.SetSelected(!control.Selected());
     if (control.GetKind() != Kind::Button) Call(control.onChange);
     Call(control.onPress);
-    // A button that went away with its press leaves the hand to the next control.
-    Page& page = control.Owner();
-    if (page.IsOpen() && page.Focus() == &control && !control.Visible()) page.SetFocus(page.NextFocus(&control));
     return Outcome::Done();
 }
 
@@ -229,6 +229,13 @@ Outcome PageStack::Leave(Control& control) {
     return LeaveTowards(control, Towards::Next);
 }
 
+// From a control that has been put out of reach meanwhile there is nothing to leave.
+Outcome PageStack::MoveOn(Control& from, Towards towards) {
+    Page& page = from.Owner();
+    page.SetFocus(towards == Towards::Next ? page.NextFocus(&from) : page.PreviousFocus(&from));
+    return Outcome::Done();
+}
+
 Outcome PageStack::LeaveTowards(Control& control, Towards towards) {
     // Only what can have the focus can be left; whoever has it now must let go first.
     if (const Reason why = WhyNot(control); why != Reason::None) return Outcome::Refused(why);
@@ -260,6 +267,7 @@ Outcome PageStack::EditCell(Control& control, int row, int column, std::string_v
     if (control.GetKind() != Kind::Grid || !control.onCell) return Outcome::Refused(Reason::WrongKind);
     const auto legal = [&] { return HasCell(control, row, column); };
     if (const Outcome reached = ReachEditable(control, legal); !reached.ok) return reached;
+    if (HeldElsewhere(control, {row, column})) return Outcome::Refused(Reason::ValueRefused);
     control.Owner().SetFocus(&control);
     control.SetFocusCell({row, column});
     const std::string typed = Filtered(control, text);
@@ -313,8 +321,10 @@ Outcome PageStack::KeyOn(Control& focus, std::string_view key) {
         if (moved.ok || moved.why != Reason::KeyDoesNothing) return moved;
     }
     if (key == "Enter" && IsPressable(focus)) return Press(focus);
-    if (key == "Enter" || key == "Tab") return Leave(focus);
-    if (key == "Shift+Tab") return LeaveTowards(focus, Towards::Previous);
+    const Towards towards = key == "Shift+Tab" ? Towards::Previous : Towards::Next;
+    const bool tab = key == "Tab" || key == "Shift+Tab";
+    if (tab && !TakesFocus(focus)) return MoveOn(focus, towards);
+    if (tab || key == "Enter") return LeaveTowards(focus, towards);
     if (key == "Space" && IsPressable(focus)) return Press(focus);
     if (focus.GetKind() == Kind::Field && key == "Delete") return Replace(focus, {});
     if (focus.GetKind() == Kind::Field && key == "Backspace" && !focus.Text().empty()) {

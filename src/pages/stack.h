@@ -55,6 +55,7 @@ class PageStack {
     // the focus.
     bool LeavePending(Page& page, const Control* next);
     enum class Towards { Next, Previous };
+    Outcome MoveOn(Control& from, Towards towards);
     Outcome LeaveTowards(Control& control, Towards towards);
     // Puts a whole text into the field at once, as one change.
     Outcome Replace(Control& field, std::string_view text);

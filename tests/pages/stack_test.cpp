@@ -280,6 +280,7 @@ TEST(PageStack, ARefusedCellHoldsTheHand) {
     s.Log();
     EXPECT_EQ(d.stack.PointAtCell(s.Table, 1, 1).why, Reason::ValueRefused);
     EXPECT_EQ(d.stack.Key(s, "Right").why, Reason::ValueRefused);
+    EXPECT_EQ(d.stack.EditCell(s.Table, 1, 1, "7").why, Reason::ValueRefused);
     EXPECT_EQ(s.Table.FocusCell(), (CellPlace{1, 0}));
     EXPECT_EQ(s.Log(), "");
     EXPECT_TRUE(d.stack.EditCell(s.Table, 1, 0, "8").ok) << "there it is put right";
@@ -290,6 +291,34 @@ TEST(PageStack, AButtonThatGoesAwayWithItsPressGivesTheHandOn) {
     Sheet& s = d.bottom;
     s.Save.onPress = [&s] { s.Save.SetVisible(false); };
     EXPECT_TRUE(d.stack.Press(s.Save).ok);
+    EXPECT_EQ(s.Focus(), &s.Leave);
+    s.Leave.SetVisible(false);
+    EXPECT_NE(s.Focus(), &s.Leave) << "nor does the hand stay on what goes away later";
+}
+
+TEST(PageStack, TabGoesOnFromAButtonThatHasBeenPutOutOfReach) {
+    Desk d;
+    Sheet& s = d.bottom;
+    s.SetFocus(&s.Save);
+    s.Save.Enable(false, Reason::Transaction);
+    EXPECT_EQ(d.stack.Key(s, "Enter").why, Reason::Transaction);
+    EXPECT_TRUE(d.stack.Key(s, "Tab").ok);
+    EXPECT_EQ(s.Focus(), &s.Leave);
+    s.SetFocus(&s.Save);
+    EXPECT_TRUE(d.stack.Key(s, "Shift+Tab").ok);
+    EXPECT_EQ(s.Focus(), s.PreviousFocus(&s.Save));
+}
+
+TEST(PageStack, AWayOutThatIsNotTakenLeavesTheHandOnTheRefusedFigure) {
+    Desk d;
+    Sheet& s = d.bottom;
+    s.Leave.onPress = nullptr;  // as after a question answered with No
+    d.stack.Type(s.Figure, "9999");
+    EXPECT_TRUE(d.stack.Press(s.Leave).ok);
+    EXPECT_EQ(s.Focus(), &s.Figure);
+    EXPECT_EQ(d.stack.Press(s.Save).why, Reason::ValueRefused);
+    d.stack.Type(s.Figure, "12");
+    EXPECT_TRUE(d.stack.Press(s.Leave).ok);
     EXPECT_EQ(s.Focus(), &s.Leave);
 }
 
