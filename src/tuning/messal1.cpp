@@ -25,7 +25,6 @@ constexpr double LargestCount = 1023;
 constexpr std::size_t AxisDigits = 5;
 constexpr int Headers = 1;  // rows above the cells, and columns left of them
 constexpr int FirstAnchor = 1;
-constexpr int OverSpeedColumn = MapColumns - 1;
 constexpr std::size_t OverSpeedRecord = table::NumberOf("ValFG", 0);
 constexpr int LastAnchor = 7;  // of the rows of a column; those between them are worked out
 
@@ -198,9 +197,10 @@ void MessaL1::GiriLeft(int column) {
 void MessaL1::RefuseOverSpeed(const Record& limits) {
     shell::Shell& shell = tuning_.memory.link.shell;
     pages::Field& field = Giri[OverSpeedColumn];
+    const std::string legal = Format0(limits.Min) + " - " + Format0(limits.Max);
     shell.Beep();
-    Say(pages::Tone::Refused, Format0(limits.Min) + " - " + Format0(limits.Max));
-    field.SetRefused(true);
+    Say(pages::Tone::Refused, legal);
+    field.SetRefused(true, legal);
     field.pending = true;
     SetFocus(&field);
 }

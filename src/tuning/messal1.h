@@ -18,8 +18,9 @@ struct Tuning;
 inline constexpr int DisplayInterval = 200;  // ms, of the live figures
 inline constexpr int ReadingTable = 164;     // transaction states of the reads
 inline constexpr int ReadingAgain = 167;
-inline constexpr int PointsInUnit = 1;  // the sensor line that stands in the unit
-inline constexpr int LiveFigures = 6;   // revolutions, pressure, stepper, temperature, probe, correction
+inline constexpr int PointsInUnit = 1;                  // the sensor line that stands in the unit
+inline constexpr int OverSpeedColumn = MapColumns - 1;  // the end of the axis is the over-speed threshold
+inline constexpr int LiveFigures = 6;  // revolutions, pressure, stepper, temperature, probe, correction
 
 // The editor of the base map: 16 columns by revolutions, 8 rows by pressure. Its grid shows the axes as header row and
 // column; they are edited in the fields Giri and MAPV.
@@ -93,7 +94,10 @@ struct MessaL1 : pages::Page {
     void TableReadAgain();
     void Store();
     bool StoreReply();
+    void AddStretch(int state, const std::vector<MapFrame>& frames);
     void Stored();
+    void BrokenOff(pages::Tone tone, std::string text);
+    void ShowHeld();
     void Begin(std::string text, std::size_t frames);
     void ShowProgress();
     void Finish(pages::Tone tone, std::string text);
@@ -112,6 +116,7 @@ struct MessaL1 : pages::Page {
     std::array<std::string, MapRows> readMAPV_;  // the pressures as they were shown for it
     BaseMap moving_;                             // what is being read or stored
     std::vector<MapFrame> reads_;
+    std::vector<MapFrame> writes_;   // of the store, in their order
     std::deque<Stretch> stretches_;  // of the store, still to be sent
     std::size_t replies_ = 0;
     std::size_t frames_ = 0;

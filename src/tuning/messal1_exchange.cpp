@@ -36,10 +36,10 @@ void MessaL1::AddStates() {
     for (const StoreState& row : StoreStates) {
         catalogue.Add(
             StateRow{row.state, "wis", TimeOut::S}, [this](const std::string&) { return StoreReply(); },
-            [this, &shell] { Finish(Tone::Refused, shell.TestoLingua("ERRORE_3", "ERRORI")); },
+            [this, &shell] { BrokenOff(Tone::Refused, shell.TestoLingua("ERRORE_3", "ERRORI")); },
             [this, &shell, row](int) {
-                if (!row.tellsSilence) return Finish(Tone::Plain, {});
-                Finish(Tone::Failed, shell.TestoLingua("ERRORE_3", "ERRORI"));
+                if (!row.tellsSilence) return BrokenOff(Tone::Plain, {});
+                BrokenOff(Tone::Failed, shell.TestoLingua("ERRORE_3", "ERRORI"));
             });
     }
     catalogue.Add(
@@ -122,23 +122,29 @@ void MessaL1::ReadingFailed() {
 void MessaL1::Store() {
     eculink::Link& link = tuning_.memory.link;
     if (link.state.StatoCmd != eculink::Idle) return;
+    if (pages::Field& end = Giri[OverSpeedColumn]; end.Refused()) return GiriLeft(OverSpeedColumn);
     moving_ = MapOnPage();
     stretches_.clear();
-    std::size_t frames = AxisWrites().size();
+    writes_ = AxisWrites();
     for (int column = 0; column < MapColumns; ++column) {
-        const std::vector<MapFrame> live = LiveColumnWrites(column);
-        const std::vector<MapFrame> stored = StoredColumnWrites(column);
-        stretches_.push_back({StoringLive, WriteChain(live, moving_)});
-        stretches_.push_back({StoringCells, WriteChain(stored, moving_)});
-        frames += live.size() + stored.size();
+        AddStretch(StoringLive, LiveColumnWrites(column));
+        AddStretch(StoringCells, StoredColumnWrites(column));
     }
     halfStored_ = true;
-    Begin(link.shell.TestoLingua("SEGNALAZIONE_4", "MESSAL1"), frames);
+    Begin(link.shell.TestoLingua("SEGNALAZIONE_4", "MESSAL1"), writes_.size());
     eculink::StartTransaction(link, StoringAxes, WriteChain(AxisWrites(), moving_));
+}
+
+void MessaL1::AddStretch(int state, const std::vector<MapFrame>& frames) {
+    stretches_.push_back({state, WriteChain(frames, moving_)});
+    writes_.insert(writes_.end(), frames.begin(), frames.end());
 }
 
 bool MessaL1::StoreReply() {
     eculink::Link& link = tuning_.memory.link;
+    if (replies_ >= writes_.size()) return false;
+    const MapFrame& write = writes_[replies_];
+    if (!write.ToWorkingMemory()) CopyFigures(write, moving_, held_);
     ++replies_;
     ShowProgress();
     TakeConfirmed(tuning_, link.state.ComandoTx);
@@ -156,9 +162,23 @@ bool MessaL1::StoreReply() {
 void MessaL1::Stored() {
     held_ = moving_;
     halfStored_ = false;
-    for (int row = 0; row < MapRows; ++row) readMAPV_[static_cast<std::size_t>(row)] = MAPV[row].Text();
-    MarkChanges();
+    ShowHeld();
     Finish(Tone::Done, tuning_.memory.link.shell.TestoLingua("SEGNALAZIONE_1", "MESSAL1"));
+}
+
+// What had been confirmed until then stands in the unit.
+void MessaL1::BrokenOff(Tone tone, std::string text) {
+    ShowHeld();
+    Finish(tone, std::move(text));
+}
+
+// The pressures of the page whose counts the unit now holds stand for them; the rest is marked.
+void MessaL1::ShowHeld() {
+    for (int row = 0; row < MapRows; ++row) {
+        const auto at = static_cast<std::size_t>(row);
+        if (held_.MAPV[at] == moving_.MAPV[at]) readMAPV_[at] = MAPV[row].Text();
+    }
+    MarkChanges();
 }
 
 }  // namespace tuning

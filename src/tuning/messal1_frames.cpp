@@ -114,6 +114,15 @@ bool TakeReply(const MapFrame& frame, std::string_view payload, BaseMap& map) {
     return true;
 }
 
+void CopyFigures(const MapFrame& frame, const BaseMap& from, BaseMap& to) {
+    BaseMap source = from;
+    for (const MapRun& run : frame.runs) {
+        for (int n = 0; n < run.count; ++n) {
+            if (int* figure = FigureAt(to, run, n)) *figure = *FigureAt(source, run, n);
+        }
+    }
+}
+
 std::vector<MapFrame> OpeningReads() {
     std::vector<MapFrame> frames(AxisReads.begin(), AxisReads.end());
     AddCellBlocks(frames, 'L', StoredCells);

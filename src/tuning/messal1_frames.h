@@ -34,6 +34,9 @@ struct MapFrame {
     char letter;
     int address;
     std::array<MapRun, 3> runs;
+
+    // Whether it goes to the working memory, not to the permanent one.
+    bool ToWorkingMemory() const { return letter == 'W'; }
 };
 
 // Bytes behind the address.
@@ -44,6 +47,9 @@ std::string WriteText(const MapFrame& frame, const BaseMap& map);
 // Takes the payload of a reply into the map. False, and the map is as it was, when it is not exactly the bytes that the
 // frame asks for.
 bool TakeReply(const MapFrame& frame, std::string_view payload, BaseMap& map);
+
+// What the frame carries, from one map into another.
+void CopyFigures(const MapFrame& frame, const BaseMap& from, BaseMap& to);
 
 // The table as the permanent memory holds it, then the working copies of the ends of the axes: the sign that the unit
 // answers for its live table.

@@ -334,7 +334,6 @@ void PageCycle::FinishStoring() {
     }
     tried_ = false;
     offered_ = 0;
-    SetLimits(tuning_);
     parts_.editing.Show();
 }
 
@@ -386,9 +385,10 @@ void PageCycle::FlagUnanswered() {
     if (!edited && first != writes_.end()) parts_.editing.Flag(first->record);
 }
 
-// The chain is over, whatever came of it.
+// The chain is over, whatever came of it. The cells and neighbours that give limits may be others now.
 void PageCycle::End() {
     work_.reset();
+    SetLimits(tuning_);
     parts_.foot.Avanzamento.SetVisible(false);
 }
 
@@ -406,9 +406,15 @@ void PageCycle::UpdateButtons() {
     const Reason chain = Running() ? Reason::Transaction : Reason::None;
     const Reason work = Running() || read_ ? chain : Reason::ReadingFailed;
     const Reason trial = work == Reason::None && !touched_ ? Reason::Unchanged : work;
-    for (int i = 0; i < foot.Applica.Size(); ++i) {
-        foot.Applica[i].SetVisible(withUnit_ && i == offered_);
-        foot.Applica[i].SetWhy(trial);
+    // The hand that has tried one kind of values goes over to the other.
+    pages::Button& offered = foot.Applica[offered_];
+    const pages::Control* hand = parts_.page.Focus();
+    offered.SetVisible(withUnit_);
+    for (const auto& button : foot.Applica) {
+        button->SetWhy(trial);
+        if (button.get() == &offered) continue;
+        button->SetVisible(false);
+        if (hand == button.get() && withUnit_) parts_.page.SetFocus(&offered);
     }
     foot.InMemor.SetVisible(withUnit_);
     foot.InMemor.SetWhy(work);

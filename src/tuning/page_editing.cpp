@@ -76,7 +76,12 @@ void PageEditing::Wire(const GridControls& grid) {
 // live figure that the field follows is no edit.
 void PageEditing::FieldLeft(const FieldControls& field) {
     const std::size_t record = field.row->record;
-    Take(record, typed_ == record ? field.value->Text() : std::string());
+    if (typed_ == record) {
+        Take(record, field.value->Text());
+        return;
+    }
+    field.value->pending = false;
+    Show();
 }
 
 void PageEditing::CellEdited(const Control& grid, int row, int column, const std::string& text) {
@@ -136,13 +141,16 @@ void PageEditing::Release(std::size_t record) {
     const auto here = [this, control](std::size_t other) { return controls_.ValueOf(other) == control; };
     control->pending = std::any_of(kept_.begin(), kept_.end(), [&here](const auto& cell) { return here(cell.first); });
     if (control->pending || std::any_of(flagged_.begin(), flagged_.end(), here)) return;
+    if (!control->Legal().empty()) message_.SetText({});
     control->SetRefused(false);
-    message_.SetText({});
 }
 
 void PageEditing::Accept(std::size_t record, double figure) {
     const Context before = tuning_.CurrentContext();
-    tuning_.memoria[record].Dato[1] = FigureText(figure);
+    Record& edited = tuning_.memoria[record];
+    edited.Dato[1] = FigureText(figure);
+    // A list in which something has been chosen goes out as that entry, also where it is the one that was read.
+    if (edited.row->positions > 0) edited.shown.reset();
     ShareCell(record);
     ApplySpeed();
     FollowSelectors(tuning_, before);
@@ -161,18 +169,26 @@ void PageEditing::Refuse(std::size_t record, const Limits& limits) {
     Flag(record);
     Control* control = controls_.ValueOf(record);
     if (control == nullptr) return;
-    message_.Say(pages::Tone::Refused, LimitWords(*control, limits));
+    const std::string legal = LimitWords(*control, limits);
+    control->SetRefused(true, legal);
+    message_.Say(pages::Tone::Refused, legal);
     pages::CellPlace cell;
     if (controls_.GridOf(record, &cell) != nullptr) control->SetFocusCell(cell);
     control->Owner().SetFocus(control);
+}
+
+// What stands in a field or cell without having been taken, else the figure of the record.
+std::string PageEditing::TypedOr(std::size_t record, const std::string& figure) const {
+    if (const auto cell = kept_.find(record); cell != kept_.end()) return cell->second;
+    const Control* control = controls_.ValueOf(record);
+    return typed_ == record && control != nullptr ? control->Text() : figure;
 }
 
 bool PageEditing::CheckAll() {
     ClearFlags();
     for (const std::size_t number : controls_.Shown().records) {
         const Record& record = tuning_.memoria[number];
-        const auto typed = kept_.find(number);
-        const std::string& figure = typed == kept_.end() ? record.Dato[1] : typed->second;
+        const std::string figure = TypedOr(number, record.Dato[1]);
         if (!frames::IsNumeric(figure)) continue;  // a reading without a figure goes out as it was read
         const auto limits = WhyRefused(tuning_, number, frames::ValoreNum(figure));
         if (!limits) continue;
@@ -238,11 +254,20 @@ void PageEditing::Show() {
     Call(onFigures);
 }
 
+// Never from under a hand that is typing.
+void PageEditing::BringUp(std::size_t record, Control& control) {
+    pages::Page& page = control.Owner();
+    const Control* hand = page.Focus();
+    if (hand != nullptr && hand->pending) return;
+    controls_.Reveal(record);
+    if (hand != nullptr && !hand->Visible()) page.SetFocus(&control);
+}
+
 void PageEditing::Flag(std::size_t record) {
     Control* control = controls_.ValueOf(record);
     if (control == nullptr) return;
-    if (!control->Visible()) controls_.Reveal(record);
-    control->SetRefused(true);
+    if (!control->Visible()) BringUp(record, *control);
+    if (!control->Refused()) control->SetRefused(true);
     if (controls_.GridOf(record) == nullptr) return;
     flagged_.insert(record);
     MarkCells();

@@ -30,7 +30,8 @@ class PageEditing {
     bool CheckAll();
     // Both columns from the records.
     void Show();
-    // Marks the value of a record and brings it on the screen: the unit did not answer for it.
+    // Marks the value of a record, for which the unit did not answer, and brings it on the screen unless the hand is
+    // typing.
     void Flag(std::size_t record);
     // Takes the marks away; those of figures that were refused and not yet put right stay.
     void ClearFlags();
@@ -47,6 +48,8 @@ class PageEditing {
     void Accept(std::size_t record, double figure);
     void Refuse(std::size_t record, const Limits& limits);
     std::string LimitWords(const pages::Control& control, const Limits& limits) const;
+    std::string TypedOr(std::size_t record, const std::string& figure) const;
+    void BringUp(std::size_t record, pages::Control& control);
     void Keep(std::size_t record, const std::string& text);
     void Release(std::size_t record);
     void CheckCells(const GridControls& grid);

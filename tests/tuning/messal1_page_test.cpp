@@ -271,6 +271,18 @@ TEST(MessaL1, TheOverSpeedThresholdKeepsItsLimits) {
     EXPECT_FALSE(page.MAPV[3].Changed());
 }
 
+TEST(MessaL1, ARefusedThresholdIsNotStoredAfterAnAttemptToLeave) {
+    BaseMapEditor e;
+    e.OpenForEditing();
+    e.EnterCell(0, 0, "99");
+    e.Enter(e.Page().Giri[15], "20000");
+    e.Press(e.Page().Esci);
+    e.Press(e.program.shell.messaggio.TastoNo);
+    EXPECT_EQ(e.Page().Focus(), &e.Page().Giri[15]);
+    EXPECT_EQ(e.Stack().Press(e.Page().Memorizza).why, Reason::ValueRefused);
+    EXPECT_TRUE(e.sent.empty());
+}
+
 TEST(MessaL1, AnAxisTypedOutOfOrderIsToldAndAccepted) {
     BaseMapEditor e({"cell L 6 0001"});  // the unit's own fourth speed is below the third
     e.OpenForEditing();
@@ -387,6 +399,25 @@ TEST(MessaL1, ARefusedOrSilentStoreLeavesTheCellsAsTyped) {
         EXPECT_TRUE(e.Page().Unsaved()) << c.line;
         EXPECT_TRUE(e.program.link.timers.TimeOutDati->Enabled()) << c.line;
     }
+}
+
+// Beside what was edited stands what the unit now holds, confirmed frame by frame.
+TEST(MessaL1, WhatABrokenStoreHasWrittenIsNoLongerMarked) {
+    BaseMapEditor e;
+    e.OpenForEditing();
+    const std::string before = e.Page().Giri[3].Text();
+    e.Enter(e.Page().Giri[3], "1550");
+    e.Enter(e.Page().MAPV[2], "400");
+    e.EnterCell(0, 0, "99");
+    e.EnterCell(15, 7, "88");
+    e.Sim("misbehave refuse command I once at frame 9");
+    e.Press(e.Page().Memorizza);
+    ASSERT_TRUE(e.Finish());
+    EXPECT_FALSE(e.Page().Giri[3].Changed() || e.Page().MAPV[2].Changed());
+    EXPECT_EQ(e.Page().LambdaRicco.ChangedCells(), (std::vector<pages::CellPlace>{{8, 16}}));
+    EXPECT_TRUE(e.Page().Unsaved());
+    e.Enter(e.Page().Giri[3], before.c_str());
+    EXPECT_TRUE(e.Page().Giri[3].Changed()) << "it is another figure than the unit's now";
 }
 
 TEST(MessaL1, AStoreThatBrokeOffCanBeRepeated) {

@@ -273,6 +273,11 @@ TEST(PageCycle, ATwoPositionListGoesOutAsReadUntilItIsEdited) {
         rig.Choose("Inibiz", 1);
         EXPECT_EQ(chain(), c.back);
     }
+    PageRig back("MessaP", {"cell O 3118 01"});
+    back.Open(2);
+    back.Choose("Inibiz", 0);
+    back.Choose("Inibiz", 1);
+    EXPECT_EQ(back.Chain("InMemor").at(21), "S31180002FFFF") << "chosen, though it was the one read";
     PageRig rig("Imposta");
     rig.Open(0);
     const auto first = rig.Chain("InMemor").at(0);
@@ -389,6 +394,91 @@ TEST(PageCycle, ARefusedFigureIsNoReasonToStay) {
     ASSERT_TRUE(rig.Press("Esci").ok);
     EXPECT_FALSE(rig.Page().IsOpen());
     EXPECT_EQ(rig.sent, Frames{}) << "it never reached the record";
+}
+
+// A way out that the unit's silence bars does not let the refused figure slip past the store.
+TEST(PageCycle, ARefusedFigureHoldsTheStoreBackAlsoAfterAnAttemptToLeave) {
+    PageRig rig("MessaP");
+    rig.Open(6);
+    rig.Enter("ValFG(1)", "5600");
+    rig.Chain("Applica(0)");
+    rig.Enter("ValFG(0)", "99");
+    rig.Sim("misbehave silence command all once");
+    rig.Chain("Esci");
+    EXPECT_EQ(rig.Shown(), rig.Text("ERRORE_3", "ERRORI"));
+    EXPECT_EQ(rig.Page().Focus(), &rig.Control("ValFG(0)"));
+    EXPECT_EQ(rig.Field("ValFG(0)"), "99");
+    rig.Forget();
+    EXPECT_EQ(rig.Press("InMemor").why, pages::Reason::ValueRefused);
+    EXPECT_EQ(rig.sent, Frames{});
+}
+
+// A figure refused while a chain runs stays to be put right; the strip tells what became of the chain.
+TEST(PageCycle, AFigureRefusedWhileAChainRunsKeepsItsLimits) {
+    PageRig rig("MessaP");
+    rig.Open(6);
+    ASSERT_TRUE(rig.Press("InMemor").ok);
+    rig.Enter("ValFG(0)", "99");
+    EXPECT_EQ(rig.Shown(), "4500 - 10000");
+    ASSERT_TRUE(rig.Finish());
+    EXPECT_EQ(rig.Shown(), rig.Text("SEGNALAZIONE_1", "MESSAP"));
+    EXPECT_EQ(rig.Field("ValFG(0)"), "99");
+    EXPECT_EQ(rig.Control("ValFG(0)").Legal(), "4500 - 10000");
+    EXPECT_EQ(rig.Press("InMemor").why, pages::Reason::ValueRefused);
+    rig.Enter("ValFG(0)", "5800");
+    EXPECT_FALSE(rig.Control("ValFG(0)").Refused());
+}
+
+// The button of the new values gives way to that of the initial ones, and takes the hand along: so the fitter compares.
+TEST(PageCycle, TheHandGoesOverFromOneApplicaToTheOther) {
+    PageRig rig("MessaP");
+    rig.Open(6);
+    rig.Enter("ValFG(1)", "5600");
+    for (const char* now : {"Applica(1)", "Applica(0)", "Applica(1)"}) {
+        ASSERT_TRUE(
+            rig.Stack().FocusOn(rig.Control(std::string(now) == "Applica(1)" ? "Applica(0)" : "Applica(1)")).ok);
+        ASSERT_TRUE(rig.Stack().Key(rig.Page(), "Space").ok);
+        ASSERT_TRUE(rig.Finish());
+        EXPECT_EQ(rig.Page().Focus(), &rig.Control(now));
+    }
+    EXPECT_TRUE(rig.Stack().Key(rig.Page(), "Tab").ok);
+    EXPECT_EQ(rig.Page().Focus(), &rig.Control("InMemor"));
+}
+
+// Passing through a marked field says nothing of what the unit holds, and takes neither the mark nor the words away.
+TEST(PageCycle, TheMarksOfASilenceStayUntilTheFigureIsEditedOrSentAgain) {
+    PageRig rig("MessaP");
+    rig.Open(6);
+    EditSpeeds(rig);
+    rig.Sim("misbehave silence command all once");
+    rig.Chain("Applica(0)");
+    ASSERT_TRUE(rig.Control("ValFG(0)").Refused() && rig.Control("ValFG(1)").Refused());
+    ASSERT_TRUE(rig.Stack().FocusOn(rig.Control("ValFG(0)")).ok);
+    ASSERT_TRUE(rig.Stack().Key(rig.Page(), "Tab").ok);
+    EXPECT_TRUE(rig.Control("ValFG(0)").Refused());
+    rig.Enter("ValFG(0)", "5900");
+    EXPECT_FALSE(rig.Control("ValFG(0)").Refused());
+    EXPECT_TRUE(rig.Control("ValFG(1)").Refused());
+    EXPECT_EQ(rig.Shown(), rig.Text("ERRORE_3", "ERRORI"));
+}
+
+// A silence opens the view of the value it concerns, but not over a field into which the hand is typing.
+TEST(PageCycle, ASilenceDoesNotTakeTheFieldFromUnderTheHand) {
+    for (const bool typing : {false, true}) {
+        PageRig rig("MessaP");
+        rig.Open(5);
+        rig.Press("TastoRil");
+        rig.EnterCell("TransitT", 4, 6, "99");
+        rig.Press("TastoRil");
+        rig.Sim("misbehave silence command all once at frame 3");
+        ASSERT_TRUE(rig.Press("Applica(0)").ok);
+        ASSERT_TRUE(rig.Stack().FocusOn(rig.Control("ValRil(1)")).ok);
+        if (typing) rig.Stack().Type(rig.Control("ValRil(1)"), "12");
+        ASSERT_TRUE(rig.Finish());
+        EXPECT_TRUE(rig.Control("TransitT").Refused());
+        EXPECT_EQ(rig.Control("TransitT").Visible(), !typing);
+        EXPECT_EQ(rig.Page().Focus(), &rig.Control(typing ? "ValRil(1)" : "TransitT"));
+    }
 }
 
 TEST(PageCycle, SettingsAreTriedOutInTheMemory) {
@@ -731,6 +821,23 @@ TEST(PageCycle, WhatIsStoredBoundsTheOtherPages) {
     rig.Press("Esci");
     rig.Open(2);
     EXPECT_EQ(rig.Record("ValMin(1)").Max, 2500);
+}
+
+// What a store wrote before it broke off bounds the neighbours as well.
+TEST(PageCycle, ABrokenStoreLeavesNoOldLimits) {
+    for (const char* line :
+         {"misbehave refuse command S once at frame 2", "misbehave silence command S once at frame 2"}) {
+        PageRig rig("MessaP");
+        rig.Open(6);
+        rig.Enter("ValFG(1)", "4900");
+        rig.Enter("ValFG(0)", "5000");
+        rig.Sim(line);
+        rig.Chain("InMemor");
+        ASSERT_EQ(rig.Dato("ValFG(0)", 0), "5000");
+        EXPECT_EQ(rig.Record("ValFG(1)").Max, 5000) << line;
+        rig.Enter("ValFG(1)", "5500");
+        EXPECT_TRUE(rig.Control("ValFG(1)").Refused());
+    }
 }
 
 }  // namespace
