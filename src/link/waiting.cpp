@@ -146,8 +146,9 @@ void ShowWaiting(Link& link) {
 void ShowLinkState(Link& link) {
     Grafici& page = link.grafici;
     const bool waiting = Waiting(link);
-    if (waiting != page.Attesa.Visible() || link.state.shownPort != link.shell.state.serial.port) {
-        link.state.shownPort = link.shell.state.serial.port;
+    const bool otherPort = link.state.shownPort != link.shell.state.serial.port;
+    link.state.shownPort = link.shell.state.serial.port;
+    if (waiting != page.Attesa.Visible() || otherPort) {
         page.Attesa.SetText(Fill(link.shell.TestoLingua("TITOLO.1", "ATTESA"), PortName(link),
                                  platform::FromUtf8(link.shell.host.port.Device())));
         for (pages::Label* label : {&page.Attesa, &page.AttesaCausa, &page.AttesaValore, &page.AttesaRimedio}) {
@@ -156,7 +157,7 @@ void ShowLinkState(Link& link) {
     }
     const Word word = WordOf(link);
     const int index = static_cast<int>(word);
-    if (index == link.state.shownWord) return;
+    if (index == link.state.shownWord && !otherPort) return;
     link.state.shownWord = index;
     link.shell.main.Collegamento.SetText(link.shell.TestoLingua(Words[static_cast<std::size_t>(index)], "STATO") +
                                          "  " + PortName(link));

@@ -221,6 +221,22 @@ TEST(Waiting, HidesItsReasonsOnceAUnitIsHeard) {
     EXPECT_FALSE(w.Link().grafici.AttesaCausa.Visible());
 }
 
+TEST(Waiting, NamesThePortThatWasChosenLast) {
+    Wired w;
+    w.Start();
+    w.Tick();
+    const std::string before = w.Shell().main.Collegamento.Text();
+    ASSERT_NE(before.find("COM1"), std::string::npos);
+    shell::ConfSer& page = w.Shell().confSer;
+    w.Shell().stack.OpenPage(page, true);
+    w.Shell().stack.Select(page.Seriali, {2});
+    ASSERT_TRUE(w.Shell().stack.Press(*page.Find("Salva")).ok);
+    w.Tick();
+    const std::string after = w.Shell().main.Collegamento.Text();
+    EXPECT_EQ(after, before.substr(0, before.find("COM1")) + "COM3");
+    EXPECT_EQ(w.Link().grafici.Attesa.Text(), shell::Fill(w.Text("TITOLO.1", "ATTESA"), "COM3", w.Port().Device()));
+}
+
 TEST(Waiting, AlsoSaysThatAUnitNowSendsWhatMakesNoFrame) {
     Wired w;
     w.Start();
