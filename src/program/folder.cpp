@@ -18,14 +18,18 @@ constexpr const char* FolderName = "Marlovent";
 constexpr const char* FolderName = "marlovent";
 #endif
 constexpr const char* LanguageExtension = ".LNG";
+constexpr const char* FillingMark = ".marlovent.new";  // stands in a directory as long as it has not been filled
 
 // What ships, by extension.
 constexpr std::array<const char*, 1> ShippedExtensions{LanguageExtension};
 
+bool Wordless(shell::Shell& shell) {
+    return shell.host.files.List(shell.options.folder, LanguageExtension).empty();
+}
+
 bool IsNew(shell::Shell& shell) {
     platform::Files& files = shell.host.files;
-    return !shell::MarloExists(shell) && !files.Exists(shell.options.folder / "CONFIG.INI") &&
-           files.List(shell.options.folder, LanguageExtension).empty();
+    return !shell::MarloExists(shell) && !files.Exists(shell.options.folder / "CONFIG.INI") && Wordless(shell);
 }
 
 // The files that ship and that the directory does not hold.
@@ -40,10 +44,19 @@ std::vector<std::string> Missing(shell::Shell& shell) {
     return missing;
 }
 
-// Copies what is missing; never over a file that is there.
-void CopyMissing(shell::Shell& shell) {
+// Copies what is missing; never over a file that is there. What could not be copied is told, and tried again by the
+// next start: the mark tells this directory from one that its owner keeps with fewer files.
+void Fill(shell::Shell& shell) {
+    platform::Files& files = shell.host.files;
+    const platform::Path mark = shell.options.folder / FillingMark;
+    files.Write(mark, {});
     for (const std::string& name : Missing(shell)) {
-        shell.host.files.Copy(shell.options.shipped / platform::ToUtf8(name), shell.FileInFolder(name));
+        files.Copy(shell.options.shipped / platform::ToUtf8(name), shell.FileInFolder(name));
+    }
+    if (Missing(shell).empty()) {
+        files.Remove(mark);
+    } else {
+        shell.folderTrouble = FolderTrouble::Incomplete;
     }
 }
 
@@ -78,19 +91,19 @@ void PrepareFolder(shell::Shell& shell) {
         shell.folderTrouble = FolderTrouble::Unwritable;
         return;
     }
-    if (IsNew(shell)) {
-        CopyMissing(shell);
+    if (IsNew(shell) || shell.host.files.Exists(shell.options.folder / FillingMark)) {
+        Fill(shell);
     } else {
-        shell.wordless = shell.host.files.List(shell.options.folder, LanguageExtension).empty();
+        shell.wordless = Wordless(shell);
     }
 }
 
 // A directory with a language of its own has what it needs: another one beside it could become the language of its next
 // start.
 void CompleteFolder(shell::Shell& shell) {
-    const auto wordless = [&shell] { return shell.host.files.List(shell.options.folder, LanguageExtension).empty(); };
-    if (wordless()) CopyMissing(shell);
-    if (shell.folderTrouble == FolderTrouble::None && wordless()) shell.folderTrouble = FolderTrouble::Incomplete;
+    if (shell.folderTrouble != FolderTrouble::None || !Wordless(shell)) return;
+    Fill(shell);
+    if (Wordless(shell)) shell.folderTrouble = FolderTrouble::Incomplete;
 }
 
 void LoadLanguage(shell::Shell& shell) {

@@ -26,9 +26,10 @@ platform::Path ProgramFolder(const FolderSources& sources, platform::Files& file
 platform::Path ShippedFolder(const platform::Path& executable, const platform::Path& sourceTree,
                              platform::Files& files);
 
-// Makes the directory; a new one is filled with what ships. What goes wrong is kept for TellFolderTrouble.
+// Makes the directory; a new one, or one that has been filled only in part, gets what ships. What goes wrong is kept
+// for TellFolderTrouble.
 void PrepareFolder(shell::Shell& shell);
-// Gives an older directory what ships and it lacks, once the language of this run has been chosen among what was there.
+// Gives an older directory without any language what ships, once the language of this run has been chosen.
 void CompleteFolder(shell::Shell& shell);
 // The texts of the language in use; from what ships when the directory has none because it could not be filled.
 void LoadLanguage(shell::Shell& shell);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <clocale>
 #include <cstdlib>
@@ -32,12 +33,25 @@ struct Settled : support::Machine {
     platform::SerialPort& Port() { return host.line.Port(); }
 };
 
-// Files whose copies fail from the nth on: a disk that fills up while a folder is being filled.
+// Files of which some cannot be copied: a disk that is full, or was damaged.
 class NoCopies : public platform::virt::FaultyFiles {
   public:
-    using FaultyFiles::FaultyFiles;
-    bool Copy(const platform::Path&, const platform::Path&) override { return false; }
+    NoCopies(platform::Files& real, std::vector<std::string> names) : FaultyFiles(real), names_(std::move(names)) {}
+    bool Copy(const platform::Path& from, const platform::Path& to) override {
+        const bool refused = std::find(names_.begin(), names_.end(), from.filename()) != names_.end();
+        return !refused && FaultyFiles::Copy(from, to);
+    }
+
+  private:
+    std::vector<std::string> names_;
 };
+
+void StartWith(support::Machine& m, platform::Files& files) {
+    const platform::Host host = m.host.Get();
+    m.program = std::make_unique<Program>(
+        platform::Host{host.clock, host.timers, host.port, host.probe, files, host.sound, host.instance}, m.options);
+    EXPECT_TRUE(program::Start(*m.program));
+}
 
 }  // namespace
 
@@ -352,20 +366,36 @@ TEST(Start, TellsOnceThatTheFolderCannotBeWrittenAndWorks) {
     EXPECT_FALSE(box.IsOpen());
 }
 
-TEST(Start, TellsThatAFolderCouldNotBeFilledWhetherNewOrOld) {
+// Told until the folder is whole, in words, whatever it holds meanwhile.
+TEST(Start, TellsThatAFolderCouldNotBeFilledWhetherNewOrOldUntilItIs) {
+    using Names = std::vector<std::string>;
     for (const bool older : {false, true}) {
-        support::Machine m;
-        if (older) m.WriteFile("MARLO.INI", "[IMPOSTAZIONI]\r\nLingua=INGLESE\r\n");
-        NoCopies full(m.files);
-        platform::Host host = m.host.Get();
-        m.program = std::make_unique<Program>(
-            platform::Host{host.clock, host.timers, host.port, host.probe, full, host.sound, host.instance}, m.options);
-        EXPECT_TRUE(program::Start(*m.program));
-        EXPECT_EQ(m.Shell().systemMessage.Text.Text(),
-                  shell::Fill(m.Text("CARTELLA_INCOMPLETA", "AVVIO"), m.Shell().state.CartellaProg,
-                              "INGLESE.LNG, ITALIANO.LNG"));
-        EXPECT_NE(m.Text("CARTELLA_INCOMPLETA", "AVVIO"), "");
-        m.program.reset();
+        for (const Names& names : {Names{"INGLESE.LNG", "ITALIANO.LNG"}, Names{"INGLESE.LNG"}, Names{"ITALIANO.LNG"}}) {
+            support::Machine m;
+            NoCopies files(m.files, names);
+            if (older) m.WriteFile("MARLO.INI", "[IMPOSTAZIONI]\r\nLingua=INGLESE\r\n");
+            std::string missing;
+            for (const std::string& name : names) missing += (missing.empty() ? "" : ", ") + name;
+            for (int start = 1; start <= 2; ++start) {
+                StartWith(m, files);
+                EXPECT_EQ(m.Shell().systemMessage.Text.Text(),
+                          shell::Fill(m.Text("CARTELLA_INCOMPLETA", "AVVIO"), m.Shell().state.CartellaProg, missing))
+                    << start;
+                EXPECT_NE(m.Text("CARTELLA_INCOMPLETA", "AVVIO"), "");
+                EXPECT_EQ(m.host.sound.beeps, start) << "once a start";
+                m.program.reset();
+            }
+            m.Start();
+            EXPECT_FALSE(m.IsOpen("SystemMessage")) << missing;
+            EXPECT_EQ(m.Shell().state.Lingua, "INGLESE");
+            EXPECT_NE(m.Shell().main.Title(), "");
+            for (const char* name : {"ITALIANO.LNG", "INGLESE.LNG"}) EXPECT_NE(m.FileContent(name), std::nullopt);
+            // Whole once, it belongs to its owner.
+            m.files.Remove(m.options.folder / "INGLESE.LNG");
+            m.Restart();
+            EXPECT_FALSE(m.IsOpen("SystemMessage"));
+            EXPECT_EQ(m.FileContent("INGLESE.LNG"), std::nullopt);
+        }
     }
 }
 
