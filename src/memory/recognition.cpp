@@ -23,6 +23,7 @@ constexpr std::array<const char*, 3> OldFiles{InternalFile, ExternalFile, Inspec
 bool RispostaX(Memory& memory, const std::string& frame) {
     Link& link = memory.link;
     shell::Shell& shell = link.shell;
+    link.state.unanswered = 0;
     link.state.VersioneECU = ReadVersion(frame);
     shell.state.FirmwareVecchio = shell::Flag(IsOldVersion(link.state.VersioneECU));
     shell::ShowAdaptationMenu(shell);
@@ -44,7 +45,7 @@ void Silent(Memory& memory) {
     Link& link = memory.link;
     link.state.CentralinaDaRiconoscere = True;
     if (link.shell.state.FaseAcq != shell::NoPhase) return;
-    ++link.state.unanswered;
+    if (link.state.VersioneECU.empty()) ++link.state.unanswered;
     eculink::ForgetVersion(link);
     eculink::MarkLost(link);
     memory.leggoIn.ShowSilence();
@@ -53,7 +54,6 @@ void Silent(Memory& memory) {
 void Recognised(Memory& memory) {
     shell::Shell& shell = memory.link.shell;
     memory.link.state.CentralinaDaRiconoscere = False;
-    memory.link.state.unanswered = 0;
     shell.stack.ClosePage(memory.leggoIn);
     if (shell.state.ImmagineProgrammata == False) shell::SoloSenzaCentralina(shell);
     shell.main.Codice.SetText(shell::Fill(shell.TestoLingua("CODICE.0", "STATO"), memory.state.CodiceAcq));

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "link/transaction.h"
+#include "link/waiting.h"
 #include "memory/image.h"
 #include "memory/recognition.h"
 #include "support/live_frame.h"
@@ -128,6 +129,31 @@ TEST(Recognition, AStreamThatDoesNotAnswerCyclesAndSaysWhy) {
     s.Run(1500);
     EXPECT_EQ(s.program.link.grafici.AttesaCausa.Text(), s.Text("CAUSA.5", "ATTESA"));
     EXPECT_TRUE(s.program.link.grafici.AttesaCausa.Visible());
+}
+
+// Said to be silent is a unit from which the identification gets no answer, and only as long as it gets none.
+TEST(Recognition, AUnitThatHasAnsweredIsNotSaidToBeSilent) {
+    support::ScriptedUnit u;
+    const auto saidToBeSilent = [&u] {
+        u.Take(support::LiveFrame().Long());
+        return eculink::FindObstacle(u.Link()) == eculink::Obstacle::Unanswered;
+    };
+    ASSERT_TRUE(u.Start());
+    u.Take(support::LiveFrame().Long());
+    u.Run(5000);
+    EXPECT_TRUE(saidToBeSilent());
+    EXPECT_TRUE(u.Link().grafici.Attesa.Visible());
+    ASSERT_TRUE(u.Step());
+    EXPECT_FALSE(saidToBeSilent()) << "while its memory is being read";
+    EXPECT_FALSE(u.Link().grafici.Attesa.Visible());
+    // The cable is pulled in the middle of the read and put back.
+    ASSERT_TRUE(u.Step());
+    u.Run(5000);
+    ASSERT_EQ(u.State().StatoCmd, Idle);
+    u.Sent();
+    EXPECT_FALSE(saidToBeSilent()) << "the identification was answered";
+    ASSERT_TRUE(u.Converse([&u] { return u.State().StatoCmd == Idle; }));
+    EXPECT_FALSE(saidToBeSilent());
 }
 
 TEST(Recognition, ACablePulledInTheMiddleLeavesAPartialImageThatTheNextIdentificationDeletes) {
