@@ -65,7 +65,7 @@ void InEEPROM::Erase() {
 }
 
 void InEEPROM::Ended(pages::Tone tone, const char* key) {
-    if (key != nullptr) Segnalazione.Say(tone, memory_.link.shell.TestoLingua(key, Section));
+    Segnalazione.Say(tone, key == nullptr ? Segnalazione.Text() : memory_.link.shell.TestoLingua(key, Section));
     Avanzamento.SetVisible(false);
     SetEnabled(true);
     FirstState();

@@ -26,7 +26,7 @@ struct InEEPROM : pages::Page {
     void FirstState();
     void SecondQuestion();
     void Erase();
-    // The flow has ended: its words, and the page is usable again.
+    // The flow has ended: its words, if it has any, else the address at which it stood; the page is usable again.
     void Ended(pages::Tone tone, const char* key);
 
     Memory& memory_;

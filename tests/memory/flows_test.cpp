@@ -327,6 +327,8 @@ TEST(Flows, RefusalAndSilenceEndEveryWriteWithAUsablePage) {
         } else {
             EXPECT_EQ(page.Segnalazione.Text().substr(0, 5), c.Text("SEGNALAZIONE_3", "INEEPROM").substr(0, 5));
         }
+        const bool refused = row.how == std::string("refuse");
+        EXPECT_EQ(page.Segnalazione.GetTone(), refused ? pages::Tone::Refused : pages::Tone::Failed) << row.frame;
         EXPECT_EQ(c.program.shell.state.beeps, beeps + row.beeps) << row.how << row.frame;
         EXPECT_TRUE(page.Enabled() && page.Inizializza.Visible() && !page.TastoSI.Visible()) << row.how << row.frame;
         EXPECT_TRUE(c.program.link.timers.TimeOutDati->Enabled());
