@@ -10,7 +10,7 @@ namespace memory {
 // What an image says about itself as a whole.
 struct ImageInfo {
     bool programmed = false;          // neither byte of the marker is erased
-    std::string CodiceAcq = "000_0";  // seven digits, "_", one digit; names the file of the acquisition
+    std::string CodiceAcq = "000_0";  // a number, "_", one digit; names the file of the acquisition
     std::string DataProgrammazione;   // dd/mm/yy of the first programming, as it stands
     bool ScriviData = true;           // that is no date: the next programming stamps today's
 };

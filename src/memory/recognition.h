@@ -11,8 +11,7 @@ struct Memory;
 void AddRecognition(Memory& memory);
 // The first live frame of a unit: identify it.
 void StartRecognition(Memory& memory);
-// The fitter goes on with an old program: the read, or the identification once more when the stream has been silent so
-// long that another unit may stand on the line.
+// The fitter goes on with an old program: its memory is read, whatever became of the stream meanwhile.
 void ContinueRecognition(Memory& memory);
 // The text of the unit's program version from the identity reply.
 std::string ReadVersion(const std::string& frame);
