@@ -100,8 +100,11 @@ struct Link {
     Catalogue catalogue;
     LiveHooks live;
     LossHooks loss;
-    Trace trace;  // hears each frame that is sent, and each that is taken out of the buffer
-    std::function<void(std::string_view bytes)> tap;  // hears the line as it arrives
+    // Hears each frame that is sent, and each that a look at the buffer takes out, the last of which is handed on: how
+    // the reception chose, not when a frame arrived.
+    Trace trace;
+    // Hears the line as it arrives: whoever records what was received listens here.
+    std::function<void(std::string_view bytes)> tap;
     LinkTimers timers;
     Grafici grafici{*this};
 };
