@@ -161,7 +161,7 @@ Json TypeIntoCell(Context& context, const std::string& name, const tuning::Named
 
 // Goes on as Enter does, unless a figure is refused, this one or the one that holds the hand.
 Json EnterIntoCell(Context& context, const std::string& name, const tuning::NamedCell& cell, const std::string& text) {
-    const Json typed = TypeIntoCell(context, name, cell, text);
+    Json typed = TypeIntoCell(context, name, cell, text);
     const bool stays = typed.contains("held") || OfCell(*cell.grid, cell.place).contains("refused");
     if (typed["ok"] != true || stays) return typed;
     StackOf(context).Key(cell.grid->Owner(), "Enter");

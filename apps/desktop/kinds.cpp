@@ -8,7 +8,6 @@
 #include <QRegularExpression>
 #include <QSignalBlocker>
 #include <array>
-#include <cstdlib>
 
 #include "desktop/binder.h"
 #include "desktop/widgets/caption_label.h"
@@ -76,7 +75,7 @@ QString LabelText(const std::string& text) {
 
 void PushLabel(const Control& control, QWidget& widget, const Look& look) {
     if (ShowsItself(control, widget, look)) return;
-    if (auto* bar = qobject_cast<QProgressBar*>(&widget)) return bar->setValue(std::atoi(control.Text().c_str()));
+    if (auto* bar = qobject_cast<QProgressBar*>(&widget)) return bar->setValue(Words(control.Text()).toInt());
     auto* label = qobject_cast<QLabel*>(&widget);
     const QString text = LabelText(control.Text());
     if (label != nullptr && label->text() != text) label->setText(text);

@@ -16,10 +16,8 @@ namespace eculink {
 
 namespace {
 
-using frames::Etx;
 using frames::Format0;
 using frames::IsNumeric;
-using frames::Stx;
 using frames::ValoreNum;
 
 constexpr int StoredPoints = 1;  // of the sensor line: those in the unit's image

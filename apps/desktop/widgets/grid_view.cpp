@@ -162,6 +162,18 @@ void GridView::Show(const pages::Control& control, const Look& look) {
     viewport()->update();
 }
 
+void GridView::AddItem(const pages::Control& control, int row, int column, const Look& look) {
+    auto* cell = new QTableWidgetItem;
+    cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    const bool header = row + headerRows_ < control.HeaderRows() || column + headerColumns_ < control.HeaderColumns();
+    if (header) {
+        // The lines of the axes cover theirs: the hand passes them by.
+        cell->setFlags(columnAxis_.empty() ? Qt::ItemIsEnabled : Qt::NoItemFlags);
+        cell->setBackground(look.theme.window);
+    }
+    setItem(row, column, cell);
+}
+
 // A new shape makes the table anew; else only the texts that differ are touched.
 void GridView::Fill(const pages::Control& control, const Look& look) {
     const pages::Cells& cells = control.GetCells();
@@ -191,20 +203,8 @@ void GridView::Fill(const pages::Control& control, const Look& look) {
             put(verticalHeaderItem(row), Shown(CellText(cells, row + headerRows_, 0)));
         }
         for (int column = 0; column < columns; ++column) {
-            QTableWidgetItem* cell = item(row, column);
-            if (cell == nullptr) {
-                cell = new QTableWidgetItem;
-                cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-                const bool header =
-                    row + headerRows_ < control.HeaderRows() || column + headerColumns_ < control.HeaderColumns();
-                if (header) {
-                    // The lines of the axes cover theirs: the hand passes them by.
-                    cell->setFlags(columnAxis_.empty() ? Qt::ItemIsEnabled : Qt::NoItemFlags);
-                    cell->setBackground(look.theme.window);
-                }
-                setItem(row, column, cell);
-            }
-            put(cell, Shown(CellText(cells, row + headerRows_, column + headerColumns_)));
+            if (item(row, column) == nullptr) AddItem(control, row, column, look);
+            put(item(row, column), Shown(CellText(cells, row + headerRows_, column + headerColumns_)));
         }
     }
     if (wider) FitColumns();

@@ -53,6 +53,7 @@ class GridView : public QTableWidget, public Shows {
     void FollowFocusCell(const pages::Control& control);
     pages::CellPlace PlaceOf(const QModelIndex& cell) const;
     void Fill(const pages::Control& control, const Look& look);
+    void AddItem(const pages::Control& control, int row, int column, const Look& look);
     void FitColumns();
     void Shade(const pages::Control& control, const Look& look);
 
