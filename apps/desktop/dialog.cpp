@@ -27,6 +27,21 @@ bool Refuses(const LimitLabels& labels) {
     });
 }
 
+// The control in which the hand stands, when its figure was refused for what it is; of a table, that of the cell. Null
+// for none.
+const pages::Control* RefusedInHand(const pages::Page& page) {
+    const pages::Control* hand = page.Focus();
+    if (hand == nullptr || !IsRefused(hand) || hand->Legal().empty()) return nullptr;
+    const std::vector<pages::CellPlace>& cells = hand->RefusedCells();
+    const bool elsewhere =
+        hand->GetKind() == pages::Kind::Grid && std::find(cells.begin(), cells.end(), hand->FocusCell()) == cells.end();
+    return elsewhere ? nullptr : hand;
+}
+
+void SetShown(QWidget& widget, bool shown) {
+    if (widget.isHidden() == shown) widget.setVisible(shown);
+}
+
 // By what the message tells. Each has a shape of its own; a plain one has the picture of its page.
 constexpr std::array<const char*, 5> TonePictures{nullptr, "busy", "done", "exclamation", "stop"};
 
@@ -78,18 +93,25 @@ void Dialog::ShowStripPicture() {
     parts_.stripPicture->SetName(QString::fromLatin1(StripPicture(page_, plan_, Refuses(parts_.limits))));
 }
 
-// What the message says of a refused value stands beside it too, where the eye is; that the unit is silent says nothing
-// of the value.
+// What would be legal stands beside the figure that was refused just now, where the eye is.
 void Dialog::ShowLimits() {
-    const bool ofValue = plan_.strip->GetTone() != pages::Tone::Failed;
-    const QString words = Words(plan_.strip->Text());
+    const pages::Control* hand = RefusedInHand(page_);
+    const LimitLabel* told = nullptr;
     for (const LimitLabel& limits : parts_.limits) {
-        const bool refused = ofValue && std::any_of(limits.values.begin(), limits.values.end(), IsRefused);
-        if (refused && limits.words->text() != words) limits.words->setText(words);
-        if (limits.words->isHidden() == !refused) continue;
-        limits.words->setVisible(refused);
-        for (const pages::Control* covered : limits.covered) {
-            if (covered != nullptr) view_.WidgetOf(*covered)->setVisible(!refused && covered->Visible());
+        const bool refused = std::find(limits.values.begin(), limits.values.end(), hand) != limits.values.end();
+        if (refused) {
+            told = &limits;
+            limits.words->setText(Words(hand->Legal()));
+        }
+        SetShown(*limits.words, refused);
+    }
+    // Fields of one row have one unit.
+    for (const LimitLabel& limits : parts_.limits) {
+        for (const pages::Control* part : limits.covered) {
+            if (part == nullptr) continue;
+            const bool covered =
+                told != nullptr && std::find(told->covered.begin(), told->covered.end(), part) != told->covered.end();
+            SetShown(*view_.WidgetOf(*part), part->Visible() && !covered);
         }
     }
 }

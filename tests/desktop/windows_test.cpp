@@ -9,6 +9,7 @@
 #include <QStackedLayout>
 #include <QTest>
 #include <QToolButton>
+#include <map>
 
 #include "desktop/widgets/figure_view.h"
 #include "desktop/widgets/grid_view.h"
@@ -159,56 +160,107 @@ TEST(Windows, ARefusedCellBelowTheEdgeComesIntoSight) {
     EXPECT_EQ(table.viewport()->visibleRegion().intersected(cell).boundingRect(), cell);
 }
 
-// Beside a list, above a table, above the axes of the base map; silence of the unit is no limit of a figure.
+using Limits = std::map<std::string, std::string>;
+
+// The limits that stand beside the values of a page, by the value.
+Limits LimitsOn(Workshop& shop, const pages::Page& page) {
+    const QString ending = QStringLiteral("Limiti");
+    shop.windows.Sync();
+    Limits limits;
+    for (const QLabel* label : shop.Window(page).findChildren<QLabel*>()) {
+        if (label->isVisible() && label->objectName().endsWith(ending))
+            limits[label->objectName().chopped(ending.size()).toStdString()] = label->text().toStdString();
+    }
+    return limits;
+}
+
+void OpenTuning(Workshop& shop, int entry) {
+    shop.Choose(MenuId::MenuPunto, entry);
+    shop.RunUntil([&] { return shop.program.link.state.StatoCmd == eculink::Idle; }, 60000);
+    shop.Pass(1000);
+}
+
+// Beside a list, above a table, above the axes of the base map.
 TEST(Windows, ARefusedValueHasItsLimitsWhereTheEyeIs) {
     constexpr int Idle = 2;
     constexpr int BaseMap = 14;
     Workshop shop;
     shop.BeginLive();
-    const auto open = [&](int entry) {
-        shop.Choose(MenuId::MenuPunto, entry);
-        shop.RunUntil([&] { return shop.program.link.state.StatoCmd == eculink::Idle; }, 60000);
-        shop.Pass(1000);
-    };
-    const auto expectLimits = [&](pages::Page& page, const char* label, const std::string& words) {
-        shop.windows.Sync();
-        const auto& limits = shop.Find<QLabel>(page, label);
-        EXPECT_EQ(limits.isVisible() ? limits.text().toStdString() : std::string(), words) << label;
-        EXPECT_EQ(shop.Find<desktop::PictureView>(page, "SegnalazioneFigura").Name() == "exclamation", !words.empty())
-            << label;
-    };
     pages::Page& messaP = shop.program.tuning.messaP;
-    pages::Control& message = *messaP.Find("Segnalazione");
-    open(Idle);
+    OpenTuning(shop, Idle);
     pages::Control& list = *messaP.Find("Inibiz");
-    list.SetRefused(true);
-    message.Say(pages::Tone::Refused, "no - yes");
-    expectLimits(messaP, "InibizLimiti", "no - yes");
-    message.Say(pages::Tone::Failed, "no answer");
-    expectLimits(messaP, "InibizLimiti", "");
+    list.SetRefused(true, "no - yes");
+    messaP.SetFocus(&list);
+    EXPECT_EQ(LimitsOn(shop, messaP), (Limits{{"Inibiz", "no - yes"}}));
     list.SetRefused(false);
     shop.Stack().ClosePage(messaP);
     shop.Pass(10000);
 
-    open(0);
+    OpenTuning(shop, 0);
     shop.Stack().Press(*messaP.Find("SoglieLam"));
     pages::Control& table = *messaP.Find("T_LamSup");
     shop.Stack().EditCell(table, 0, 0, "9999999");
     ASSERT_TRUE(table.Refused());
-    ASSERT_FALSE(message.Text().empty());
-    expectLimits(messaP, "T_LamSupLimiti", message.Text());
+    const Limits ofTable{{"T_LamSup", table.Legal()}};
+    EXPECT_EQ(LimitsOn(shop, messaP), ofTable);
+    table.SetFocusCell({0, 1});
+    EXPECT_EQ(LimitsOn(shop, messaP), Limits()) << "the hand stands in another cell";
+    table.SetFocusCell({0, 0});
+    EXPECT_EQ(LimitsOn(shop, messaP), ofTable);
     shop.Stack().EditCell(table, 0, 0, "");
-    expectLimits(messaP, "T_LamSupLimiti", "");
+    EXPECT_EQ(LimitsOn(shop, messaP), Limits());
     shop.Stack().ClosePage(messaP);
     shop.Pass(10000);
 
-    open(BaseMap);
+    OpenTuning(shop, BaseMap);
     pages::Page& map = shop.program.tuning.messaL1;
     shop.Stack().Press(*map.Find("Modifica"));
     shop.Stack().Edit(*map.Find("Giri(15)"), "99999");
     shop.Stack().Key(map, "Enter");
     ASSERT_TRUE(map.Find("Giri(15)")->Refused());
-    expectLimits(map, "Giri(0)Limiti", map.Find("Segnalazione")->Text());
+    EXPECT_EQ(LimitsOn(shop, map), (Limits{{"Giri(0)", map.Find("Segnalazione")->Text()}})) << "all axes share a place";
+}
+
+// A field that bears the mark of a silence has none, nor has any a sentence that tells something else.
+TEST(Windows, TheLimitsStandBesideTheFigureThatWasRefusedJustNow) {
+    constexpr int Idle = 2;
+    Workshop shop;
+    shop.BeginLive();
+    OpenTuning(shop, Idle);
+    pages::Page& page = shop.program.tuning.messaP;
+    pages::Control& message = *page.Find("Segnalazione");
+    pages::Control& figure = *page.Focus();
+    pages::Control& silent = *page.NextFocus(&figure);
+    ASSERT_EQ(silent.GetKind(), pages::Kind::Field);
+    const std::string good = figure.Text();
+    silent.SetRefused(true);
+    message.Say(pages::Tone::Failed, "no answer");
+    EXPECT_EQ(LimitsOn(shop, page), Limits());
+    shop.Stack().Edit(figure, "9999999");
+    shop.Stack().Key(page, "Enter");
+    const Limits limits{{figure.Name(), message.Text()}};
+    EXPECT_EQ(LimitsOn(shop, page), limits);
+    message.Say(pages::Tone::Done, "stored");
+    pages::Control& unit = *figure.beside.unit;
+    QWidget& covered = *shop.Window(page).View().WidgetOf(unit);
+    unit.SetText("turns");
+    EXPECT_EQ(LimitsOn(shop, page), limits) << "the figure is still refused";
+    EXPECT_FALSE(covered.isVisible()) << "in the place of the unit, whatever becomes of that";
+    shop.Stack().Edit(figure, good);
+    shop.Stack().Key(page, "Enter");
+    ASSERT_EQ(page.Focus(), &silent);
+    EXPECT_EQ(LimitsOn(shop, page), Limits());
+    EXPECT_TRUE(covered.isVisible());
+    for (const pages::Tone tone : {pages::Tone::Done, pages::Tone::Refused, pages::Tone::Failed, pages::Tone::Plain}) {
+        message.Say(tone, "a sentence");
+        EXPECT_EQ(LimitsOn(shop, page), Limits());
+    }
+    // The hand may leave a list.
+    pages::Control& list = *page.Find("Inibiz");
+    list.SetRefused(true, "no - yes");
+    EXPECT_EQ(LimitsOn(shop, page), Limits());
+    page.SetFocus(&list);
+    EXPECT_EQ(LimitsOn(shop, page), (Limits{{"Inibiz", "no - yes"}}));
 }
 
 // Done, refused and failed are told apart by a shape, whatever the page; what runs comes first.
