@@ -1,7 +1,9 @@
 #include "desktop/status_strip.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <array>
 
 #include "desktop/widgets/lamp_view.h"
 
@@ -19,6 +21,15 @@ QLabel* Panel(QWidget* parent, const char* name) {
     label->setObjectName(QString::fromLatin1(name));
     label->setTextFormat(Qt::PlainText);
     return label;
+}
+
+// Panels that come and go together, whatever each of them shows.
+QWidget* Group(QWidget* parent) {
+    auto* group = new QWidget(parent);
+    auto* line = new QHBoxLayout(group);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(Spacing);
+    return group;
 }
 
 // The red dot beside the name of a running recording.
@@ -87,9 +98,12 @@ StatusStrip::StatusStrip(eculink::Link& link, const Look& look)
     : link_(link),
       look_(look),
       linkPicture_(new PictureView(this, PictureLines)),
+      unit_(Group(this)),
       hint_(new QLabel(this)),
       buffer_(new RunningLabel(this, true)),
-      recordingDot_(new Dot(this)) {
+      recordingDot_(new Dot(this)),
+      file_(Group(this)),
+      samples_(Group(this)) {
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins(4, 1, 4, 1);
     line->setSpacing(Spacing);
@@ -100,19 +114,24 @@ StatusStrip::StatusStrip(eculink::Link& link, const Look& look)
         view->setObjectName(QString::fromLatin1(lamp));
         line->addWidget(view);
     }
-    line->addWidget(Panel(this, "Versione"));
-    line->addWidget(Panel(this, "Codice"));
+    line->addWidget(unit_);
+    for (const char* panel : {"Versione", "Codice"}) unit_->layout()->addWidget(Panel(unit_, panel));
+    hint_->setObjectName(QStringLiteral("Avviso"));
     hint_->setTextFormat(Qt::PlainText);
+    hint_->setWordWrap(true);
     hint_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     hint_->hide();
     line->addWidget(hint_, 1);
     buffer_->setObjectName(QStringLiteral("Label1"));
     line->addWidget(buffer_, 1);
     line->addWidget(recordingDot_);
-    line->addWidget(Panel(this, "VisReg"));
-    auto* samples = new RunningLabel(this, false);
+    recordingDot_->setObjectName(QStringLiteral("Registra"));
+    line->addWidget(file_);
+    file_->layout()->addWidget(Panel(file_, "VisReg"));
+    line->addWidget(samples_);
+    auto* samples = new RunningLabel(samples_, false);
     samples->setObjectName(QStringLiteral("Campioni"));
-    line->addWidget(samples);
+    samples_->layout()->addWidget(samples);
     recordingDot_->hide();
     away_.setSingleShot(true);
     QObject::connect(&away_, &QTimer::timeout, this, [this] { Hint({}); });
@@ -142,6 +161,29 @@ void StatusStrip::Hint(const QString& text) {
     hint_->setText(text);
     hint_->setVisible(!text.isEmpty());
     buffer_->setVisible(text.isEmpty());
+    MakeRoom();
+}
+
+// To a sentence that does not fit in the line beside them the version and code of the unit give way, then the count of
+// the samples, then the name of their file; link, lamps and the dot stay. One that is longer still is folded.
+void StatusStrip::MakeRoom() {
+    layout()->activate();
+    const std::array<QWidget*, 3> giving{unit_, samples_, file_};
+    const auto wide = [](const QWidget* part) { return part->sizeHint().width() + Spacing; };
+    int room = hint_->width();
+    for (const QWidget* part : giving) room -= part->isHidden() ? wide(part) : 0;
+    const int needed = hint_->fontMetrics().horizontalAdvance(hint_->text());
+    for (QWidget* part : giving) {
+        const bool stays = hint_->isHidden() || needed <= room;
+        part->setVisible(stays);
+        room += stays ? 0 : wide(part);
+    }
+}
+
+bool StatusStrip::event(QEvent* event) {
+    const bool taken = QWidget::event(event);
+    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest) MakeRoom();
+    return taken;
 }
 
 void StatusStrip::Tell(const QString& text) {

@@ -45,13 +45,21 @@ class StatusStrip : public QWidget {
     void Tell(const QString& text);
     void NameLamps(PageView& view);
 
+  protected:
+    bool event(QEvent* event) override;
+
   private:
+    void MakeRoom();
+
     eculink::Link& link_;
     const Look& look_;
     PictureView* linkPicture_;
+    QWidget* unit_;  // its version and code
     QLabel* hint_;
     RunningLabel* buffer_;
     QWidget* recordingDot_;
+    QWidget* file_;
+    QWidget* samples_;
     QTimer away_;
     QString seenRecording_;
 };

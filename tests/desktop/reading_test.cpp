@@ -155,6 +155,41 @@ INSTANTIATE_TEST_SUITE_P(Reading, SmallScreen,
                                           testing::Values(std::pair{1024, 768}, std::pair{1024, 600},
                                                           std::pair{960, 540})));
 
+// Why something is off, in a status bar that is full, with a recording too; nothing moves for it.
+TEST(Reading, NoReasonIsCutInTheStatusBar) {
+    for (const char* language : Languages) {
+        for (const QSize& size : {QSize(1180, 800), QSize(1024, 600), QSize(960, 540)}) {
+            SCOPED_TRACE(std::string(language) + " " + std::to_string(size.width()));
+            Workshop shop;
+            ChooseLanguage(shop, language);
+            shop.windows.Main().resize(size);
+            shop.BeginLive();
+            shop.program.shell.state.FileRegistrazione = "PROVA_0001.DAT";
+            shop.program.shell.main.VisReg.SetText("PROVA_0001.DAT");
+            shop.program.shell.main.Campioni.SetText("123456");
+            shop.Pass(1000);
+            desktop::StatusStrip& strip = shop.windows.Main().Status();
+            const QRect chart = shop.windows.Main().Instruments().geometry();
+            for (int reason = 1; reason <= static_cast<int>(pages::Reason::ValueRefused); ++reason) {
+                const std::string key(pages::ReasonKey(static_cast<pages::Reason>(reason)));
+                ASSERT_FALSE(key.empty());
+                strip.Hint(desktop::Words(shop.Text(key.c_str(), "MOTIVI")));
+                EXPECT_EQ(CutTexts(shop.windows.Main()), Faults()) << key;
+                EXPECT_EQ(shop.windows.Main().size(), size) << key;
+                EXPECT_EQ(shop.windows.Main().Instruments().geometry(), chart) << key;
+                for (const char* kept : {"Collegamento", "RxOK", "RxKO", "Registra"})
+                    EXPECT_TRUE(shop.InMain<QWidget>(kept).isVisible()) << key << " " << kept;
+            }
+            strip.Hint(QStringLiteral("A sentence that no line has room for. ").repeated(8));
+            EXPECT_EQ(CutTexts(shop.windows.Main()), Faults());
+            strip.Hint({});
+            Workshop::Settle();
+            for (const char* back : {"Versione", "Codice", "Label1", "VisReg", "Campioni"})
+                EXPECT_TRUE(shop.InMain<QWidget>(back).isVisible()) << back;
+        }
+    }
+}
+
 TEST(Reading, AccessKeysAreUniqueInEachMenuAndPage) {
     for (const char* language : Languages) {
         SCOPED_TRACE(language);
