@@ -6,6 +6,7 @@
 #include <QScrollArea>
 #include <algorithm>
 
+#include "desktop/hints.h"
 #include "desktop/keys.h"
 #include "desktop/widgets/shows.h"
 
@@ -88,10 +89,8 @@ void PageView::Push(Bound& bound) {
     bound.row->push(control, widget, look_);
     if (widget.isEnabledTo(&root_) != control.Enabled()) widget.setEnabled(control.Enabled());
     const QString why = look_.Why(control.Why());
-    if (widget.toolTip() != why) {
-        widget.setToolTip(why);
-        widget.setStatusTip(why);
-    }
+    if (widget.toolTip() != why) widget.setToolTip(why);
+    SetHint(widget, why);
     if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
     for (QWidget* named : bound.named) named->setAccessibleName(Words(shell::CaptionPulita(control.Text())));
 }
@@ -126,6 +125,9 @@ bool PageView::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::FocusOut:
         case QEvent::EnabledChange:
             if (pushing_) focusDirty_ = true;
+            return false;
+        case QEvent::Hide:
+            DropHint(*bound->widget);
             return false;
         case QEvent::KeyPress:
             return KeyOn(*bound, *static_cast<QKeyEvent*>(event));

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "desktop/hints.h"
 #include "desktop/pictures.h"
 
 namespace desktop {
@@ -74,7 +75,7 @@ void ToolStrip::Push() {
         button.setText(Words(item.caption));
         button.setEnabled(item.why == pages::Reason::None);
         button.setToolTip(why.isEmpty() ? Words(item.tooltip) : Words(item.tooltip) + QStringLiteral("\n") + why);
-        button.setStatusTip(why);
+        SetHint(button, why);
         button.setAccessibleName(Words(item.tooltip));
     }
 }
