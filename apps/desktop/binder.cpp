@@ -3,6 +3,7 @@
 #include <QAbstractScrollArea>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QScrollArea>
 #include <algorithm>
 
@@ -23,6 +24,12 @@ void ScrollTo(QWidget& widget) {
     for (QWidget* around = widget.parentWidget(); around != nullptr; around = around->parentWidget()) {
         if (auto* area = qobject_cast<QScrollArea*>(around)) area->ensureWidgetVisible(&widget);
     }
+}
+
+// What lines do by themselves as the keyboard leaves and comes; those of a window that lies behind hear of neither.
+void ChooseText(QWidget* left, QWidget& entered) {
+    if (auto* line = qobject_cast<QLineEdit*>(left)) line->deselect();
+    if (auto* line = qobject_cast<QLineEdit*>(&entered)) line->selectAll();
 }
 
 }  // namespace
@@ -100,7 +107,9 @@ void PageView::PushFocus() {
     seenFocus_ = page_.Focus();
     QWidget* wanted = seenFocus_ == nullptr ? nullptr : WidgetOf(*seenFocus_);
     if (wanted == nullptr || wanted->window()->focusWidget() == wanted) return;
+    QWidget* left = wanted->window()->focusWidget();
     wanted->setFocus(Qt::TabFocusReason);
+    if (!wanted->window()->isActiveWindow()) ChooseText(left, *wanted);
     ScrollTo(*wanted);
 }
 

@@ -424,6 +424,40 @@ TEST(Binder, ARefusedValueKeepsTheFocusWhateverTheHandDoes) {
     EXPECT_EQ(bench.Of<QLabel>(page.Heading).text(), "0 - 100");
 }
 
+// What is chosen is what the next key replaces, and that is in one field at a time, also in a window that lies behind.
+TEST(Binder, OnlyTheFieldInTheHandHasItsFigureChosen) {
+    for (const bool behind : {false, true}) {
+        SCOPED_TRACE(behind);
+        Bench bench;
+        Sample& page = bench.page;
+        page.Figure.SetText("850");
+        page.Twin.SetText("12");
+        page.SetFocus(&page.Figure);
+        bench.view.Sync();
+        using Chosen = std::pair<std::string, std::string>;
+        const auto chosen = [&] {
+            bench.view.Sync();
+            return Chosen(bench.Of<QLineEdit>(page.Figure).selectedText().toStdString(),
+                          bench.Of<QLineEdit>(page.Twin).selectedText().toStdString());
+        };
+        QWidget front;
+        if (behind) {
+            front.show();
+            front.activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&front));
+        }
+        bench.Of<QLineEdit>(page.Figure).deselect();
+        page.Twin.SetRefused(true);
+        EXPECT_EQ(chosen(), Chosen("", "")) << "refused, and the hand elsewhere";
+        page.Figure.SetRefused(true);
+        EXPECT_EQ(chosen(), Chosen("850", "")) << "what is refused will be typed anew";
+        page.SetFocus(&page.Twin);
+        EXPECT_EQ(chosen(), Chosen("", "12"));
+        page.SetFocus(&page.Save);
+        EXPECT_EQ(chosen(), Chosen("", ""));
+    }
+}
+
 TEST(Binder, EnterGoesOnInTheOrderOfThePageAndShiftTabBack) {
     Bench bench;
     Sample& page = bench.page;

@@ -29,8 +29,9 @@ void FieldEdit::Show(const pages::Control& control, const Look& look) {
     theme_ = &look.theme;
     ShowLocked(control.Locked());
     if (marks_ == MarksOf(control)) return;
-    // What is refused will be typed anew.
-    if (control.Refused() && !marks_.refused) selectAll();
+    // What is refused will be typed anew, in the field that has the keyboard; another has its text chosen when that
+    // comes.
+    if (control.Refused() && !marks_.refused && window()->focusWidget() == this) selectAll();
     marks_ = MarksOf(control);
     PlaceMarks();
     update();
