@@ -458,6 +458,34 @@ TEST(Binder, OnlyTheFieldInTheHandHasItsFigureChosen) {
     }
 }
 
+// Nobody has to look for the keyboard when an exchange ends.
+TEST(Binder, TheKeyboardGoesWhereThePageGoesWhenItsControlIsHidden) {
+    Bench bench;
+    Sample& page = bench.page;
+    page.Mark.SetVisible(false);
+    page.SetFocus(&page.Save);
+    bench.view.Sync();
+    const auto inHand = [&] {
+        bench.view.Sync();
+        const QWidget* widget = bench.window.focusWidget();
+        EXPECT_TRUE(widget == nullptr || widget->isVisible());
+        return widget == nullptr ? std::string() : widget->objectName().toStdString();
+    };
+    EXPECT_EQ(inHand(), "Save");
+    page.Save.SetVisible(false);
+    ASSERT_NE(page.Focus(), &page.Save);
+    EXPECT_EQ(inHand(), page.Focus()->Name());
+    // To one that comes with the same change.
+    page.Mark.SetVisible(true);
+    page.SetFocus(&page.Mark);
+    page.Figure.SetVisible(false);
+    EXPECT_EQ(inHand(), "Mark");
+    QTest::keyClick(bench.window.focusWidget(), Qt::Key_Space);
+    EXPECT_TRUE(page.Mark.Selected());
+    QTest::keyClick(bench.window.focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(inHand(), "List");
+}
+
 TEST(Binder, EnterGoesOnInTheOrderOfThePageAndShiftTabBack) {
     Bench bench;
     Sample& page = bench.page;

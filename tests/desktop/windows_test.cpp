@@ -263,6 +263,30 @@ TEST(Windows, TheLimitsStandBesideTheFigureThatWasRefusedJustNow) {
     EXPECT_EQ(LimitsOn(shop, page), (Limits{{"Inibiz", "no - yes"}}));
 }
 
+// When the values are in the unit their button goes, and the keyboard goes over to the one that comes in its place.
+TEST(Windows, WhatHasBeenTriedByKeysIsTakenBackByKeys) {
+    constexpr int OverSpeed = 4;
+    Workshop shop;
+    shop.BeginLive();
+    OpenTuning(shop, OverSpeed);
+    pages::Page& page = shop.program.tuning.messaP;
+    QWidget& window = shop.Window(page);
+    const auto inHand = [&] { return window.focusWidget()->objectName().toStdString(); };
+    const int figure = std::atoi(page.Focus()->Text().c_str());
+    shop.Stack().Edit(*page.Focus(), std::to_string(figure - 100));
+    shop.windows.Sync();
+    for (int stops = 0; inHand() != "Applica(0)" && stops < 20; ++stops)
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+    for (const char* next : {"Applica(1)", "Applica(0)"}) {
+        QTest::keyClick(window.focusWidget(), Qt::Key_Space);
+        EXPECT_NE(shop.program.link.state.StatoCmd, eculink::Idle) << "something has been sent";
+        shop.Pass(5000);
+        EXPECT_EQ(shop.program.link.state.StatoCmd, eculink::Idle);
+        EXPECT_EQ(inHand(), next);
+        EXPECT_TRUE(window.focusWidget()->isVisible());
+    }
+}
+
 // Done, refused and failed are told apart by a shape, whatever the page; what runs comes first.
 TEST(Windows, ThePictureOfAMessageIsThatOfItsKind) {
     constexpr int OverSpeed = 4;
