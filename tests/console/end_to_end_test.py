@@ -65,6 +65,19 @@ class Console(Program):
         return json.loads(self.say(command))
 
 
+class Unit(Program):
+    """The simulated unit on a device that goes, like a cable pulled out, together with its name: the number of a
+    pseudo-terminal passes at once to the next program that asks, and an old link would lead to a stranger's line."""
+
+    def __init__(self, link):
+        super().__init__(CENTRALINA, "--link", link, "--commands")
+        self.link = link
+
+    def __exit__(self, *details):
+        self.link.unlink(missing_ok=True)
+        super().__exit__(*details)
+
+
 def run(*arguments, text="", cwd=None):
     return subprocess.run([str(CONSOLE), *[str(a) for a in arguments]], input=text, capture_output=True, encoding="utf-8",
                           timeout=LIMIT, check=False, cwd=cwd)
@@ -143,7 +156,7 @@ class RealTime(EndToEnd):
     """In real time, with the device that the simulated unit offers."""
 
     def unit(self, link):
-        unit = Program(CENTRALINA, "--link", link, "--commands")
+        unit = Unit(link)
         self.assertTrue(unit.line().startswith("device "))
         return unit
 
