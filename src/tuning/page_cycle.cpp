@@ -268,7 +268,9 @@ void PageCycle::TakeWrite(const PageWrite& write) {
     }
     const bool stored = *work_ == Work::Storing && dialog_.storesOneByOne;
     TakeWritten(tuning_, write, stored);
-    if (stored) parts_.editing.Show();
+    if (!stored) return;
+    parts_.editing.ApplySpeed();
+    parts_.editing.Show();
 }
 
 // The chain counts as running until its work has been done: a failure in it is told as a silence of the unit.

@@ -221,7 +221,7 @@ bool PageEditing::FixedSpeed() const {
     return false;
 }
 
-// A fixed speed leaves the page's figures at those read; the last entry of the list gives them to the fitter.
+// The last entry of the list of speeds gives the figures to the fitter.
 void PageEditing::ApplySpeed() {
     if (!FixedSpeed()) return;
     for (const FieldControls& field : controls_.Shown().fields) {

@@ -28,6 +28,8 @@ class PageEditing {
     bool Take(std::size_t record, const std::string& text);
     // The whole page: the first figure that the page does not accept is refused, and its control gets the focus.
     bool CheckAll();
+    // A fixed speed leaves the other figures of its page as the unit holds them.
+    void ApplySpeed();
     // Both columns from the records.
     void Show();
     // Marks the value of a record, for which the unit did not answer, and brings it on the screen unless the hand is
@@ -55,7 +57,6 @@ class PageEditing {
     void CheckCells(const GridControls& grid);
     void MarkCells();
     void ShareCell(std::size_t record);
-    void ApplySpeed();
     void LockFields();
     bool FixedSpeed() const;
 

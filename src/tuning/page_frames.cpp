@@ -32,12 +32,14 @@ bool IsDigits(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](unsigned char c) { return std::isxdigit(c) != 0; });
 }
 
-// What stands in the cell now; an edit that is under way is kept.
-void TakeHeld(Tuning& tuning, Record& record, std::uint32_t count) {
-    const bool edited = record.Dato[1] != record.Dato[0];
-    const std::string figure = record.Dato[1];
+// Another record of a cell that has been stored: what stands in it now. An edit that is under way is kept, one back to
+// the figure that was read too: then its twin has been edited likewise since.
+void TakeHeld(Tuning& tuning, Record& record, std::uint32_t count, bool overtaken) {
+    const Record before = record;
     TakeRead(record, count, tuning.CurrentContext());
-    if (edited) record.Dato[1] = figure;
+    if (!overtaken && before.Dato[1] == before.Dato[0]) return;
+    record.Dato[1] = before.Dato[1];
+    record.shown = before.shown;
 }
 
 // The unit's selectors are other ones now: what it holds is shown by them.
@@ -129,11 +131,14 @@ void TakeWritten(Tuning& tuning, const PageWrite& write, bool stored) {
     const Context before = tuning.InitialContext();
     record.Dato[0] = write.figure;
     record.raw = write.count;
-    record.shown = {write.count, write.figure};
+    // The figure may have been edited, or shown by another sensor, since the frame was built.
+    const bool overtaken = Outgoing(record, 1, tuning.CurrentContext()) != write.count;
+    if (!overtaken) record.shown = {write.count, record.Dato[1]};
     FollowInitialSelectors(tuning, before);
     for (Record& other : tuning.memoria) {
-        if (&other != &record && other.EE == record.EE) TakeHeld(tuning, other, write.count);
+        if (&other != &record && other.EE == record.EE) TakeHeld(tuning, other, write.count, overtaken);
     }
+    FollowNeighbour(tuning, write.record);
 }
 
 }  // namespace tuning
