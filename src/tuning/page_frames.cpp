@@ -82,8 +82,7 @@ Block FirstRead(std::string_view chain) {
     return {FrameNumber(chain, Address), FrameNumber(chain, Count)};
 }
 
-bool TakeCells(Tuning& tuning, const Block& cells, std::string_view payload) {
-    const std::string_view digits = payload.substr(0, static_cast<std::size_t>(cells.count) * DigitsPerByte);
+bool TakeCells(Tuning& tuning, const Block& cells, std::string_view digits) {
     if (digits.size() != static_cast<std::size_t>(cells.count) * DigitsPerByte || !IsDigits(digits)) return false;
     memory::SetCella(tuning.image, cells.address, digits);
     for (Record& record : tuning.memoria) {
@@ -101,7 +100,8 @@ void TakeConfirmed(Tuning& tuning, std::string_view chain) {
     constexpr std::size_t Letter = 1;
     constexpr std::size_t Data = 10;
     constexpr std::string_view PermanentWrites = "IS";
-    const std::string_view frame = frames::FirstFrame(chain);
+    std::string_view frame = frames::FirstFrame(chain);
+    if (!frame.empty() && frame.back() == frames::Etx) frame.remove_suffix(1);
     if (frame.size() <= Data || PermanentWrites.find(frame[Letter]) == std::string_view::npos) return;
     TakeCells(tuning, FirstRead(frame), frame.substr(Data));
 }

@@ -33,9 +33,9 @@ struct PageWrite {
 std::string PageReads(const PageRow& page);
 // The cells that the frame in front of a chain of reads asks for.
 Block FirstRead(std::string_view chain);
-// Puts the cells of a reply into every record that lies among them, and into the image held. False when the reply holds
-// less than was asked for, or something else than hexadecimal digits.
-bool TakeCells(Tuning& tuning, const Block& cells, std::string_view payload);
+// Puts the cells of a reply into every record that lies among them, and into the image held. False, and nothing
+// taken, when they are not as many hexadecimal digits as were asked for.
+bool TakeCells(Tuning& tuning, const Block& cells, std::string_view digits);
 
 // The write in front of a chain has been confirmed: what it put into permanent cells, image and records hold now.
 void TakeConfirmed(Tuning& tuning, std::string_view chain);

@@ -304,6 +304,18 @@ TEST(PageCycle, LimitsFollowTheirNeighbourFromTheFrameThatStoresIt) {
     EXPECT_EQ(rig.Record("ValMin(6)").Min, before + 3);
 }
 
+TEST(PageCycle, AReplyOfAnotherLengthIsNotTakenForAFigure) {
+    for (const char* fault : {"lose", "double"}) {
+        PageRig rig("MessaP");
+        rig.Sim(std::string("misbehave ") + fault + " command O once");
+        rig.StartOpening(6);
+        ASSERT_TRUE(rig.Finish());
+        EXPECT_EQ(rig.Shown(), rig.Text("ERRORE_18", "ERRORI")) << fault;
+        EXPECT_EQ(rig.Field("ValFG(0)"), "") << fault;
+        EXPECT_EQ(rig.Press("InMemor").why, Reason::ReadingFailed) << fault;
+    }
+}
+
 // Units are delivered with a 1 for the second position of some lists.
 TEST(PageCycle, ATwoPositionListGoesOutAsReadUntilItIsEdited) {
     struct Case {
