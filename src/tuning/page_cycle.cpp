@@ -161,11 +161,13 @@ void PageCycle::ForgetEdits() {
     ClearFigures(parts_.controls.Shown());
 }
 
-// The selector: the page on the screen is left first.
+// The selector: the page on the screen is left first. Chosen again it is read again only if it could not be read.
 void PageCycle::Choose() {
     const int entry = parts_.head.Pagine.Index();
-    if (entry >= 0 && static_cast<std::size_t>(entry) < listed_.size())
-        LeaveFor(listed_[static_cast<std::size_t>(entry)]);
+    if (entry >= 0 && static_cast<std::size_t>(entry) < listed_.size()) {
+        const int page = listed_[static_cast<std::size_t>(entry)];
+        if (page != page_ || !read_) LeaveFor(page);
+    }
     UpdateButtons();
 }
 

@@ -54,7 +54,7 @@ bool PutIntoBaseMap(Tuning& tuning, const std::vector<std::size_t>& records, boo
     for (const std::size_t number : records) {
         const Record& record = tuning.memoria[number];
         const auto count = Outgoing(record, 1, context);
-        if (count && Differ(record)) PutDigits(*content, record.EE, frames::Hex(*count, record.NByte));
+        if (count && count != record.raw) PutDigits(*content, record.EE, frames::Hex(*count, record.NByte));
     }
     if (last) {
         shell::Shell& shell = tuning.memory.link.shell;

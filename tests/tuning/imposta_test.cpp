@@ -197,6 +197,18 @@ TEST(SettingsStep, ThreePagesGoIntoTheBaseMapAndNothingToTheUnit) {
     EXPECT_EQ(step.sent, Frames{});
 }
 
+// Units are delivered with a 1 for the second position of some lists.
+TEST(SettingsStep, AnEntryChosenAgainIsWrittenAsThatEntry) {
+    Step step;
+    step.Put(3082, "01");
+    step.Write();
+    tuning::OpenSettingsStep(step.program.tuning);
+    step.Choose("TipoCommu", 1);
+    ASSERT_TRUE(step.Press("Avanti").ok);
+    step.Put(3082, "FF");
+    EXPECT_EQ(step.File(), step.content);
+}
+
 TEST(SettingsStep, ADateThatStandsIsLeftAlone) {
     Step step;
     step.program.memory.state.ScriviData = shell::False;

@@ -316,6 +316,22 @@ TEST(PageCycle, AReplyOfAnotherLengthIsNotTakenForAFigure) {
     }
 }
 
+TEST(PageCycle, ThePageOnTheScreenChosenAgainStaysAsItIs) {
+    PageRig rig("MessaP");
+    rig.Open(6);
+    rig.Enter("ValFG(0)", "6000");
+    rig.Choose("Pagine", rig.Control("Pagine").Index());
+    EXPECT_EQ(rig.Field("ValFG(0)"), "6000");
+    EXPECT_TRUE(rig.sent.empty());
+    rig.Sim("misbehave silence command O once");
+    rig.Choose("Pagine", 0);
+    ASSERT_TRUE(rig.Finish());
+    ASSERT_EQ(rig.Press("InMemor").why, Reason::ReadingFailed);
+    rig.Choose("Pagine", 0);
+    ASSERT_TRUE(rig.Finish());
+    EXPECT_EQ(rig.Control("InMemor").Why(), Reason::None) << "one that could not be read is read again";
+}
+
 // Units are delivered with a 1 for the second position of some lists.
 TEST(PageCycle, ATwoPositionListGoesOutAsReadUntilItIsEdited) {
     struct Case {
