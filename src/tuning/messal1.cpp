@@ -184,13 +184,13 @@ std::string MessaL1::AxisText(int row, int column) const {
 void MessaL1::GiriLeft(int column) {
     pages::Field& field = Giri[column];
     const std::string before = AxisText(0, column + Headers);
-    if (field.Text().empty()) field.SetText(before);
+    const bool touched = field.Text() != before;
+    const bool typed = touched && !field.Text().empty();
     const double figure = std::min(ValoreNum(field.Text()), LargestWord);
     const Record& limits = tuning_.memoria[OverSpeedRecord];
-    const bool typed = field.Text() != before;
     if (typed && column == OverSpeedColumn && !WithinLimits(limits, figure)) return RefuseOverSpeed(limits);
     TakeAxis(field, 0, column + Headers, typed ? Format0(figure) : before);
-    if (typed) WarnOfAxis(Giri);
+    if (touched) WarnOfAxis(Giri);
 }
 
 // The end of the axis is the over-speed threshold, with the limits that it has on its own page.
@@ -212,18 +212,23 @@ void MessaL1::MAPVLeft(int row) {
     const Context context = tuning_.CurrentContext();
     const auto none = Pressure(context, 0);
     const auto full = Pressure(context, LargestCount);
-    const bool typed = !field.Text().empty() && field.Text() != before && none && full;
-    if (!typed) return TakeAxis(field, row + Headers, 0, before);
-    const double figure = std::clamp(ValoreNum(field.Text()), std::min(*none, *full), std::max(*none, *full));
-    TakeAxis(field, row + Headers, 0, Format0(figure));
-    WarnOfAxis(MAPV);
+    const bool touched = field.Text() != before;
+    std::string figure = before;
+    if (touched && !field.Text().empty() && none && full) {
+        const auto [least, most] = std::minmax(*none, *full);
+        figure = Format0(std::clamp(ValoreNum(field.Text()), least, most));
+    }
+    TakeAxis(field, row + Headers, 0, figure);
+    if (touched) WarnOfAxis(MAPV);
 }
 
 void MessaL1::TakeAxis(pages::Field& field, int row, int column, const std::string& figure) {
+    const bool news = field.Refused() || figure != AxisText(row, column);
     field.SetText(figure);
     field.SetRefused(false);
     LambdaRicco.SetCell(row, column, figure);
-    Edited();
+    if (news) return Edited();
+    MarkChanges();
 }
 
 // A unit may hold breakpoints in any order: one that was typed out of order is told, not refused.
