@@ -271,7 +271,8 @@ double Engine::MapAt(double rpm, double counts, int& cell) const {
 
     const auto [column, along] = Place(columns, rpm);
     const auto [row, up] = Place(rows, counts);
-    cell = static_cast<int>(column) * MapRows + static_cast<int>(row);
+    const auto nearest = [](std::size_t place, double beyond) { return static_cast<int>(place) + (beyond > 0.5); };
+    cell = nearest(column, along) * MapRows + nearest(row, up);
     const auto at = [this](std::size_t c, std::size_t r) {
         return ByteCell(live::Map + MapRows * static_cast<int>(c) + static_cast<int>(r), UsualStep);
     };
