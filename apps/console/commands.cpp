@@ -272,7 +272,9 @@ struct ToJson {
 
 Json Sim(Context& context, const Words& words) {
     if (context.unit == nullptr) return Failure("There is no simulated unit: the program runs without --simulate.");
-    const sim::Answer answer = context.unit->Line(words[0]);
+    // The unit's language quotes as the console's does; a whole line in quotes is that line.
+    const std::optional<Words> quoted = SplitWords(words[0]);
+    const sim::Answer answer = context.unit->Line(quoted && quoted->size() == 1 ? quoted->front() : words[0]);
     if (!answer.ok) return Failure(answer.error);
     Json out = Done();
     for (const auto& [key, value] : answer.values) out[key] = std::visit(ToJson{}, value);

@@ -281,6 +281,13 @@ TEST(Interpreter, TimePassesOnlyInRunAndWait) {
     EXPECT_TRUE(missed["error"].is_string());
 }
 
+TEST(Interpreter, TheUnitTakesItsLineWithAndWithoutQuotes) {
+    ConsoleRig rig;
+    rig.Start();
+    for (const char* line : {"sim throttle 30", "sim \"throttle 30\"", "sim \"state\"", "sim state"})
+        EXPECT_EQ(rig.Say(line)["ok"], true) << line;
+}
+
 TEST(Interpreter, StateNamesEveryVariable) {
     ConsoleRig rig;
     rig.Start();
