@@ -27,9 +27,10 @@ struct StopBitsRow {
     int halves;
     QSerialPort::StopBits stopBits;
 };
+// With seven or eight data bits no line sends one and a half: two are read by who expects that, one would not be.
 constexpr std::array<StopBitsRow, 3> AllStopBits{{
     {2, QSerialPort::OneStop},
-    {3, QSerialPort::OneAndHalfStop},
+    {3, QSerialPort::TwoStop},
     {4, QSerialPort::TwoStop},
 }};
 

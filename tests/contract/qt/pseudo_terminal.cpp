@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <stdlib.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <array>
@@ -32,6 +33,12 @@ std::string PseudoTerminal::Received() {
         out.append(buffer.data(), static_cast<std::size_t>(count));
     }
     return out;
+}
+
+bool PseudoTerminal::TwoStopBits() const {
+    termios line{};
+    EXPECT_EQ(tcgetattr(master_, &line), 0);
+    return (line.c_cflag & CSTOPB) != 0;
 }
 
 void PseudoTerminal::Vanish() {

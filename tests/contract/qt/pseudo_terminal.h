@@ -16,7 +16,8 @@ class PseudoTerminal {
 
     std::string Device() const { return (folder_ / "device").string(); }
     void Write(std::string_view bytes);
-    std::string Received();  // everything since the last call
+    std::string Received();    // everything since the last call
+    bool TwoStopBits() const;  // as whoever opened the device has set it
     void Vanish();
     void Return();
 

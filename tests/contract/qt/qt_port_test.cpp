@@ -87,6 +87,22 @@ TEST(QtPort, ADeviceThatAnotherPortHoldsIsRefusedUntilItIsFree) {
     EXPECT_EQ(port.Fault(), platform::PortFault::None);
 }
 
+TEST(QtPort, SendsEveryStopBitThatTheLineCanHave) {
+    struct Case {
+        const char* settings;
+        bool two;
+    };
+    const platform::qt::AfterEvent after;
+    const PseudoTerminal terminal;
+    platform::qt::QtPort port(after, NoRetry);
+    port.SetDevice(terminal.Device());
+    for (const Case& c : {Case{"38400,N,8,1", false}, Case{"38400,N,8,2", true}, Case{"38400,N,8,1.5", true}}) {
+        ASSERT_TRUE(port.SetSettings(c.settings));
+        ASSERT_TRUE(port.Open()) << c.settings;
+        EXPECT_EQ(terminal.TwoStopBits(), c.two) << c.settings;
+    }
+}
+
 }  // namespace
 
 }  // namespace contract
