@@ -59,10 +59,13 @@ Control* Page::FocusAt(const Control* from, int direction) const {
 }
 
 Button* Page::KeyButton(std::string_view key) const {
+    Button* seen = nullptr;
     for (const KeyRow& row : keys_) {
-        if (row.key == key && row.button->Enabled() && row.button->Visible()) return row.button;
+        if (row.key != key || !row.button->Visible()) continue;
+        if (row.button->Enabled()) return row.button;
+        if (seen == nullptr) seen = row.button;
     }
-    return nullptr;
+    return seen;
 }
 
 std::string_view Page::KeyOf(const Button& button) const {

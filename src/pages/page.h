@@ -45,6 +45,7 @@ class Page {
 
     // Keys of the page, for example F1 for the button that saves. A key works while its button is visible and enabled.
     void BindKey(std::string key, Button& button) { keys_.push_back({std::move(key), &button}); }
+    // The button that answers to the key now: one that can be pressed, else one that is seen and says why it cannot.
     Button* KeyButton(std::string_view key) const;
     // The first key that is bound to the button, whether it works now or not; empty for none.
     std::string_view KeyOf(const Button& button) const;

@@ -211,6 +211,10 @@ TEST(PageStack, HoldsARefusedValueBackFromEveryButtonButTheWayOut) {
     s.Log();
     EXPECT_TRUE(d.stack.Key(s, "F1").ok);
     EXPECT_EQ(s.Log(), "leave:12 save ") << "the edit counts before the button acts";
+    s.Save.Enable(false, Reason::Unchanged);
+    EXPECT_EQ(d.stack.Key(s, "F1").why, Reason::Unchanged) << "a key says why like its button";
+    s.Save.SetVisible(false);
+    EXPECT_EQ(d.stack.Key(s, "F1").why, Reason::KeyDoesNothing);
 }
 
 TEST(PageStack, ChecksAgainWhatLeavingAFieldHasChanged) {
