@@ -11,8 +11,6 @@ namespace shell {
 
 namespace {
 
-constexpr const char* MarloName = "MARLO.INI";
-constexpr const char* ConfigName = "CONFIG.INI";
 constexpr const char* Serial = "SERIALE";
 constexpr const char* Charts = "GRAFICI";
 constexpr const char* LanguageExtension = ".LNG";
@@ -72,20 +70,20 @@ std::string Stem(const std::string& fileName) {
 }  // namespace
 
 std::string ReadMarlo(Shell& shell, const char* section, const char* key, const char* otherwise) {
-    return platform::GetPrivateProfileString(shell.host.files, section, key, otherwise, File(shell, MarloName));
+    return platform::GetPrivateProfileString(shell.host.files, section, key, otherwise, File(shell, MarloIni));
 }
 
 bool WriteMarlo(Shell& shell, const char* section, const char* key, const std::string& value) {
-    return platform::WritePrivateProfileString(shell.host.files, section, key, value, File(shell, MarloName),
+    return platform::WritePrivateProfileString(shell.host.files, section, key, value, File(shell, MarloIni),
                                                MarloOrder);
 }
 
 bool WriteSerial(Shell& shell, const std::vector<platform::IniValue>& values) {
-    return platform::WritePrivateProfileStrings(shell.host.files, Serial, values, File(shell, ConfigName), ConfigOrder);
+    return platform::WritePrivateProfileStrings(shell.host.files, Serial, values, File(shell, ConfigIni), ConfigOrder);
 }
 
 bool MarloExists(Shell& shell) {
-    return shell.host.files.Exists(File(shell, MarloName));
+    return shell.host.files.Exists(File(shell, MarloIni));
 }
 
 void LeggiLingua(Shell& shell) {
@@ -104,7 +102,7 @@ void LeggiLingua(Shell& shell) {
 }
 
 void LeggiSeriale(Shell& shell) {
-    const platform::Path file = File(shell, ConfigName);
+    const platform::Path file = File(shell, ConfigIni);
     const bool missing = !shell.host.files.Exists(file);
     if (missing) {
         std::vector<platform::IniValue> values;
@@ -127,10 +125,10 @@ void LeggiRisoluzione(Shell& shell) {
 
 void LeggiGrafici(Shell& shell) {
     constexpr double LastChannel = 17;
-    const bool missing = !shell.host.files.Exists(File(shell, MarloName));
+    const bool missing = !shell.host.files.Exists(File(shell, MarloIni));
     if (missing) {
         platform::WritePrivateProfileStrings(shell.host.files, Charts, {ChartDefaults.begin(), ChartDefaults.end()},
-                                             File(shell, MarloName), MarloOrder);
+                                             File(shell, MarloIni), MarloOrder);
         WriteMarlo(shell, "SCHEMI", "Directory", "");
     }
     ChartSettings& charts = shell.state.charts;

@@ -10,6 +10,9 @@ namespace shell {
 
 struct Shell;
 
+inline constexpr const char* MarloIni = "MARLO.INI";
+inline constexpr const char* ConfigIni = "CONFIG.INI";
+
 // The reads of CONFIG.INI and MARLO.INI; what is missing or unreadable gives the stated default, never a failure.
 
 // Language and kind of computer. A kind that is not exactly 0 or 1 becomes 1 and is written back.

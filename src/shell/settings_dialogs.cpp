@@ -86,8 +86,13 @@ void SettingsPage::PutButtonsLast() {
     PutLast(Esci);
 }
 
-bool SettingsPage::TellUnwritable() {
-    Tell(shell_, shell::Fill(shell_.TestoLingua("CARTELLA_PROTETTA", "AVVIO"), shell_.state.CartellaProg));
+bool SettingsPage::TellUnwritable(const char* file) {
+    const std::string text =
+        shell_.folderTrouble == FolderTrouble::Unwritable
+            ? shell::Fill(shell_.TestoLingua("CARTELLA_PROTETTA", "AVVIO"), shell_.state.CartellaProg)
+            : shell_.TestoLingua("ERRORE_10", "ERRORI") + "\r\n" +
+                  platform::FromUtf8(shell_.FileInFolder(file).string());
+    Tell(shell_, text);
     return false;
 }
 
@@ -139,7 +144,7 @@ bool ConfSer::Store() {
         if (row.list.Index() < 0) continue;
         values.push_back({row.key, row.texts.at(static_cast<std::size_t>(row.list.Index()))});
     }
-    if (!WriteSerial(shell_, values)) return TellUnwritable();
+    if (!WriteSerial(shell_, values)) return TellUnwritable(ConfigIni);
     Stored();
     LeggiSeriale(shell_);
     return !shell_.hooks.ApriPorta || shell_.hooks.ApriPorta() == 0;
@@ -161,7 +166,7 @@ void SceltaLingua::Fill() {
 
 bool SceltaLingua::Store() {
     const std::string& chosen = ListaLingue.Items().at(static_cast<std::size_t>(ListaLingue.Index()));
-    if (!WriteMarlo(shell_, "IMPOSTAZIONI", "Lingua", chosen)) return TellUnwritable();
+    if (!WriteMarlo(shell_, "IMPOSTAZIONI", "Lingua", chosen)) return TellUnwritable(MarloIni);
     Tell(shell_, shell_.TestoLingua("SEGNALAZIONE_1", section_));
     return true;
 }
@@ -181,8 +186,9 @@ void TipoComp::Fill() {
 
 bool TipoComp::Store() {
     const int chosen = Velocita[1].Selected() ? 1 : 0;
+    if (!WriteMarlo(shell_, "IMPOSTAZIONI", "Computer", std::to_string(chosen))) return TellUnwritable(MarloIni);
     shell_.state.TipoComputer = chosen;
-    return WriteMarlo(shell_, "IMPOSTAZIONI", "Computer", std::to_string(chosen)) || TellUnwritable();
+    return true;
 }
 
 Risoluz::Risoluz(Shell& owner) : SettingsPage(owner, "Risoluz", "RISOLUZ") {
@@ -198,7 +204,7 @@ void Risoluz::Fill() {
 
 bool Risoluz::Store() {
     const char* chosen = Resolutions.at(static_cast<std::size_t>(TipoRisol.Index()));
-    if (!WriteMarlo(shell_, "RISOLUZIONE", "Risoluzione", chosen)) return TellUnwritable();
+    if (!WriteMarlo(shell_, "RISOLUZIONE", "Risoluzione", chosen)) return TellUnwritable(MarloIni);
     LeggiRisoluzione(shell_);
     for (const auto& look : shell_.hooks.resolutionChanged) look();
     return true;

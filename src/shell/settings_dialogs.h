@@ -28,8 +28,8 @@ struct SettingsPage : pages::Page {
     void PutButtonsLast();
     // What was edited stands in the file, although the dialog may stay open: leaving asks nothing any more.
     void Stored() { changed_ = false; }
-    // Says that the program directory cannot be written; gives back false, which keeps the dialog open.
-    bool TellUnwritable();
+    // Says that the folder, or else this file in it, cannot be written; gives back false, which keeps the dialog open.
+    bool TellUnwritable(const char* file);
 
     Shell& shell_;
     std::string section_;

@@ -110,13 +110,15 @@ TEST(SettingsDialogs, TellWhenTheFileCannotBeWrittenAndStayOpen) {
         Window w;
         w.Open(c.entry);
         pages::Page& page = *w.Stack().Find(c.page);
+        const int kind = w.Shell().state.TipoComputer;
         c.edit(w);
         const auto before = w.FileContent(c.file);
         w.host.files.FailWrites(true);
         w.Stack().Key(page, "F1");
         EXPECT_TRUE(w.IsOpen("Messaggio")) << c.page;
         EXPECT_EQ(w.Shell().messaggio.Segnalazione.Text(),
-                  Fill(w.Text("CARTELLA_PROTETTA", "AVVIO"), w.Shell().state.CartellaProg));
+                  w.Text("ERRORE_10", "ERRORI") + "\r\n" + (w.folder.Path() / c.file).string());
+        EXPECT_EQ(w.Shell().state.TipoComputer, kind) << "what could not be saved does not hold";
         w.Stack().Press(w.Shell().messaggio.TastoOK);
         EXPECT_TRUE(page.IsOpen()) << c.page;
         EXPECT_EQ(w.FileContent(c.file), before);
