@@ -11,6 +11,7 @@
 #include "desktop/windows.h"
 #include "platform/qt/qt_host.h"
 #include "platform/qt/world_pump.h"
+#include "platform/real/real_files.h"
 #include "program/program.h"
 #include "program/start.h"
 #include "shell/settings.h"
@@ -25,16 +26,11 @@ const desktop::Theme& ThemeOf(program::Program& program) {
     return desktop::ChooseTheme(word, QApplication::palette());
 }
 
-int Run(QApplication& application, const common::CommandLine& line, const platform::Path& executable) {
+int Run(QApplication& application, const common::CommandLine& line, const shell::Options& options,
+        common::Simulation* simulation) {
     platform::qt::QtHost machine;
-    const shell::Options options = common::ProgramOptions(line, executable, machine.files);
-    std::optional<common::Simulation> simulation;
-    if (line.simulate) {
-        simulation.emplace(machine.files);
-        if (const std::string wrong = simulation->Load(line, options.shipped); !wrong.empty())
-            return common::Complain(FrontEnd::Desktop, wrong);
-    }
-    const platform::Host host = simulation ? machine.Get(simulation->line.Port(), simulation->probe) : machine.Get();
+    const platform::Host host =
+        simulation != nullptr ? machine.Get(simulation->line.Port(), simulation->probe) : machine.Get();
     program::Program program(host, options);
     if (!common::Trace(program, line)) return common::Complain(FrontEnd::Desktop, "the trace file cannot be written");
 
@@ -49,14 +45,14 @@ int Run(QApplication& application, const common::CommandLine& line, const platfo
         windows.Sync();
         if (program.shell.state.ended || (session && session->Finished())) end();
     };
-    if (line.console) session.emplace(program, simulation ? &simulation->unit : nullptr, follow);
+    if (line.console) session.emplace(program, simulation != nullptr ? &simulation->unit : nullptr, follow);
     program.shell.hooks.End = end;
     machine.after.Set([&] {
         if (session) session->Advance();
         follow();
     });
     std::optional<platform::qt::WorldPump> pump;
-    if (simulation) pump.emplace(simulation->world, machine.after);
+    if (simulation != nullptr) pump.emplace(simulation->world, machine.after);
     QTimer::singleShot(0, &application, follow);
     const int status = QApplication::exec();
     machine.after.Set({});
@@ -69,9 +65,18 @@ int main(int argc, char** argv) {
     const common::Reading reading =
         common::ReadCommandLine(FrontEnd::Desktop, std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
     if (!reading.line) return common::Tell(reading);
-    const platform::Path executable = common::ExecutableFolder(argc > 0 ? argv[0] : nullptr);
+    // A scenario that is no good is said before the toolkit looks for a display.
+    platform::real::RealFiles files;
+    const shell::Options options =
+        common::ProgramOptions(*reading.line, common::ExecutableFolder(argc > 0 ? argv[0] : nullptr), files);
+    std::optional<common::Simulation> simulation;
+    if (reading.line->simulate) {
+        simulation.emplace(files);
+        if (const std::string wrong = simulation->Load(*reading.line, options.shipped); !wrong.empty())
+            return common::Complain(FrontEnd::Desktop, wrong);
+    }
     // The only arguments left are the program's own: what the toolkit would read from them is not offered.
     int count = 1;
     QApplication application(count, argv);
-    return Run(application, *reading.line, executable);
+    return Run(application, *reading.line, options, simulation ? &*simulation : nullptr);
 }
