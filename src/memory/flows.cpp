@@ -380,4 +380,9 @@ int PercentRead(int address) {
     return std::clamp(done * 100 / (2 * AreaBytes), 0, 100);
 }
 
+int PercentWritten(int address) {
+    constexpr int AllButTheMarker = 99;
+    return address == FirstInternal ? AllButTheMarker : PercentRead(address);
+}
+
 }  // namespace memory

@@ -60,5 +60,7 @@ bool StartProgramming(Memory& memory);
 std::string ProgressText(std::string_view text, int address);
 // How much of the connection read is done at this address, in percent.
 int PercentRead(int address);
+// The same of a flow that writes: there the marker word comes last.
+int PercentWritten(int address);
 
 }  // namespace memory

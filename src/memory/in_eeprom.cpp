@@ -23,7 +23,7 @@ InEEPROM::InEEPROM(Memory& owner) : Page("InEEPROM"), memory_(owner) {
     events.progress = [this](int address) {
         Segnalazione.Say(pages::Tone::Progress,
                          ProgressText(memory_.link.shell.TestoLingua("SEGNALAZIONE_3", Section), address));
-        Avanzamento.SetText(std::to_string(PercentRead(address)));
+        Avanzamento.SetText(std::to_string(PercentWritten(address)));
         Avanzamento.SetVisible(true);
     };
     events.done = [this] { Ended(pages::Tone::Done, "SEGNALAZIONE_1"); };

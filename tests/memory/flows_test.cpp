@@ -259,7 +259,13 @@ TEST(Flows, ErasingAsksTwiceAndKeepsTheCellsThatSayWhoTheUnitIs) {
     ASSERT_TRUE(stack.Press(page.TastoSI).ok);
     EXPECT_FALSE(page.Enabled());
     EXPECT_EQ(page.Segnalazione.Text(), c.Text("SEGNALAZIONE_3", "INEEPROM") + " 0)");
-    ASSERT_TRUE(c.Finish());
+    int percent = 0;
+    while (c.program.link.state.StatoCmd != eculink::Idle) {
+        c.Run(100);
+        EXPECT_GE(std::stoi(page.Avanzamento.Text()), percent) << "the bar never runs back";
+        percent = std::stoi(page.Avanzamento.Text());
+    }
+    EXPECT_EQ(percent, 99) << "the marker comes last";
     const auto sent = c.Sent();
     ASSERT_EQ(sent.size(), 64U + 59U + 1U);
     EXPECT_EQ(sent[0], "I00000016" + std::string(32, 'F'));
