@@ -47,7 +47,7 @@ enum class TimeOut {
 };
 
 // Which of the letters that a row lists count at a moment: the one that answers the command waited for, so that a reply
-// that the unit sent twice spoils nothing behind it; or all of them alike.
+// to another command spoils nothing; or all of them alike.
 enum class Counting { Awaited, Alike };
 
 // A transaction state: its number, the letters of the replies that it takes, and its reaction to silence.
