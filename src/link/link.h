@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -45,15 +46,17 @@ struct State {
     frames::MAPTable mapTable;       // what turns pressure readings into mbar
     int restartMark = shell::False;  // a first acquisition was started from the switch
 
-    bool refresh = false;             // the instruments have something new to show
-    std::int64_t bytesReceived = 0;   // since the port was opened
-    std::int64_t framesReceived = 0;  // of a valid live form, since the port was opened
-    std::int64_t lastByteAt = 0;      // ms
-    int unanswered = 0;               // identifications in a row without a reply
-    bool heard = false;               // a unit has been recognised since the start of the program
-    std::string lineSettings;         // as the port was last asked to be set, whether it took them or not
-    bool portFailed = false;          // the last opening failed
-    std::string shownPort;            // what the words of the link last stood for
+    bool refresh = false;            // the instruments have something new to show
+    std::int64_t bytesReceived = 0;  // since the last live frame of a valid form, a loss or the opening of the port
+    std::int64_t lastByteAt = 0;     // ms
+    // ms; the last live frame of a valid form since a loss or the opening of the port.
+    std::optional<std::int64_t> lastFrameAt;
+    int unanswered = 0;         // identifications in a row without a reply
+    bool imageNotKept = false;  // the last recognition ended at the files that were to hold the image
+    bool heard = false;         // a unit has been recognised since the start of the program
+    std::string lineSettings;   // as the port was last asked to be set, whether it took them or not
+    bool portFailed = false;    // the last opening failed
+    std::string shownPort;      // what the words of the link last stood for
     int shownWord = -1;
 };
 

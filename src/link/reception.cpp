@@ -9,6 +9,7 @@
 #include "link/lamps.h"
 #include "link/link.h"
 #include "link/transaction.h"
+#include "link/waiting.h"
 #include "shell/message.h"
 #include "shell/settings.h"
 
@@ -60,8 +61,7 @@ bool OpenPort(Link& link) {
     platform::SerialPort& port = link.shell.host.port;
     if (port.PortOpen()) port.Close();
     const int number = shell::PortNumber(link.shell);
-    link.state.bytesReceived = 0;
-    link.state.framesReceived = 0;
+    ForgetLine(link);
     link.state.lastByteAt = NowMs(link);
     if (number > 0) port.SetDevice(shell::DeviceOfPort(link.shell, number));
     link.state.lineSettings = PortSettings(link.shell.state.serial);
@@ -247,7 +247,8 @@ void FrameDati(Link& link, const std::string& frame) {
     State& state = link.state;
     link.timers.TimeOutDati->SetEnabled(false);
     state.DatiLunghi = frame.size() == LongFrame ? 1 : 0;
-    ++link.state.framesReceived;
+    state.lastFrameAt = NowMs(link);
+    state.bytesReceived = 0;
     MarkGoodFrame(link);
     TakeFields(link, frame);
     if (state.CentralinaDaRiconoscere == shell::True) {

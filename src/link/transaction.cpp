@@ -7,6 +7,7 @@
 #include "link/frames/build.h"
 #include "link/lamps.h"
 #include "link/link.h"
+#include "link/waiting.h"
 
 namespace eculink {
 
@@ -136,6 +137,10 @@ void DispatchReply(Link& link, const std::string& frame) {
     link.timers.TimeOutComandi->SetEnabled(true);
 }
 
+bool FailedInside(const Link& link) {
+    return link.timers.TimeOutComandi->Interval() == FailureLimit;
+}
+
 void CommandTimedOut(Link& link) {
     link.timers.TimeOutComandi->SetEnabled(false);
     link.shell.state.pointer = shell::Pointer::Normal;
@@ -159,9 +164,7 @@ void StreamLost(Link& link) {
     link.shell.state.SenzaImmagine = True;
     link.shell.state.ImmagineProgrammata = True;  // no image is held that could be blank
     ForgetVersion(link);
-    link.state.unanswered = 0;
-    link.state.bytesReceived = 0;  // what was heard before says nothing about the line now
-    link.state.framesReceived = 0;
+    ForgetLine(link);
     link.shell.main.SetEnabled(true);
     if (link.loss.CloseRecording) link.loss.CloseRecording();
     AzzeraDati(link);

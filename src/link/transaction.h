@@ -28,6 +28,8 @@ void SendAlone(Link& link, const std::string& frame);
 void DispatchReply(Link& link, const std::string& frame);
 // No reply within the limit.
 void CommandTimedOut(Link& link);
+// Whether the silence that is being told is a failure inside the handler of a reply.
+bool FailedInside(const Link& link);
 // No accepted live frame for 4 s.
 void StreamLost(Link& link);
 // No unit's program is known; menus as for a new one.

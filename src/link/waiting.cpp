@@ -12,7 +12,7 @@ namespace {
 
 using shell::Fill;
 
-constexpr std::int64_t FreshBytes = 3000;  // ms; older ones say nothing about the line now
+constexpr std::int64_t Fresh = 3000;  // ms; what came earlier says nothing about the line now
 
 // Everything that the checks look at, gathered once.
 struct Facts {
@@ -20,6 +20,7 @@ struct Facts {
     bool busy;           // the system does not give the device, though it is there and may be used
     std::string holder;  // of a busy device, as far as it can be seen
     const Link& link;
+    bool frames;             // the line brings live frames
     std::int64_t silentFor;  // ms since the last byte
 };
 
@@ -57,21 +58,33 @@ std::string SilentSeconds(const Facts& facts) {
     return std::to_string(facts.silentFor / 1000);
 }
 
-bool Hears(const Facts& facts) {
-    return facts.link.state.bytesReceived > 0 && facts.silentFor < FreshBytes;
+std::string Folder(const Facts& facts) {
+    return facts.link.shell.state.CartellaProg;
+}
+
+// Characters that make no live frame.
+bool Babbles(const Facts& facts) {
+    return facts.link.state.bytesReceived > 0 && facts.silentFor < Fresh && !facts.frames;
+}
+
+// Once what can be seen from outside has been put right, the next attempt tells.
+bool CannotOpen(const Facts& facts) {
+    const bool triedAgain =
+        facts.link.timers.Reopening->Enabled() && facts.link.shell.host.port.Fault() != platform::PortFault::Failed;
+    return facts.link.state.portFailed && !triedAgain;
 }
 
 // In the order in which they hide each other.
-constexpr std::array<Check, 7> Checks{{
+constexpr std::array<Check, 8> Checks{{
     {Obstacle::PortAbsent, 0, [](const Facts& f) { return !f.port.present; }, Device, Device},
     {Obstacle::NoRights, 1, [](const Facts& f) { return !f.port.permitted; }, Device, Group},
     {Obstacle::Busy, 2, [](const Facts& f) { return f.busy; }, Device, Holder},
-    {Obstacle::NotOpened, 6, [](const Facts& f) { return f.link.state.portFailed; }, Device, Settings},
-    {Obstacle::Unanswered, 5, [](const Facts& f) { return f.link.state.unanswered > 0 && Hears(f); }, Unanswered,
+    {Obstacle::NotOpened, 6, CannotOpen, Device, Settings},
+    {Obstacle::NotKept, 7, [](const Facts& f) { return f.frames && f.link.state.imageNotKept; }, Folder, Device},
+    {Obstacle::Unanswered, 5, [](const Facts& f) { return f.frames && f.link.state.unanswered > 0; }, Unanswered,
      Device},
-    {Obstacle::NoFrames, 4, [](const Facts& f) { return Hears(f) && f.link.state.framesReceived == 0; }, Bytes,
-     Settings},
-    {Obstacle::Silent, 3, [](const Facts& f) { return !Hears(f); }, SilentSeconds, Device},
+    {Obstacle::NoFrames, 4, Babbles, Bytes, Settings},
+    {Obstacle::Silent, 3, [](const Facts& f) { return !f.frames; }, SilentSeconds, Device},
 }};
 
 Facts Gather(const Link& link) {
@@ -79,7 +92,9 @@ Facts Gather(const Link& link) {
     platform::PortProbe& probe = link.shell.host.probe;
     const platform::PortFacts port = probe.Look(device);
     const bool busy = port.present && port.permitted && link.shell.host.port.Fault() == platform::PortFault::Refused;
-    return {port, busy, busy ? probe.HolderOf(device) : std::string(), link, NowMs(link) - link.state.lastByteAt};
+    const std::int64_t now = NowMs(link);
+    const bool frames = link.state.lastFrameAt && now - *link.state.lastFrameAt < Fresh;
+    return {port, busy, busy ? probe.HolderOf(device) : std::string(), link, frames, now - link.state.lastByteAt};
 }
 
 const Check* FirstThatHolds(const Facts& facts) {
@@ -89,9 +104,9 @@ const Check* FirstThatHolds(const Facts& facts) {
     return nullptr;
 }
 
-// A stream that never answers is asked again and again; between two questions it is waited for all the same.
+// A unit that cannot be recognised is asked again and again; between two questions it is waited for all the same.
 bool Waiting(const Link& link) {
-    if (link.state.unanswered > 0) return true;
+    if (link.state.unanswered > 0 || link.state.imageNotKept) return true;
     return link.state.CentralinaDaRiconoscere == shell::True && link.state.StatoCmd == Idle;
 }
 
@@ -133,6 +148,13 @@ Word WordOf(const Link& link) {
 
 }  // namespace
 
+void ForgetLine(Link& link) {
+    link.state.bytesReceived = 0;
+    link.state.lastFrameAt.reset();
+    link.state.unanswered = 0;
+    link.state.imageNotKept = false;
+}
+
 Obstacle FindObstacle(const Link& link) {
     const Check* check = FirstThatHolds(Gather(link));
     return check == nullptr ? Obstacle::None : check->obstacle;
@@ -154,6 +176,8 @@ void ShowLinkState(Link& link) {
         for (pages::Label* label : {&page.Attesa, &page.AttesaCausa, &page.AttesaValore, &page.AttesaRimedio}) {
             label->SetVisible(waiting);
         }
+        // What stood there belongs to an earlier wait; the next look at the line fills them.
+        for (pages::Label* label : {&page.AttesaCausa, &page.AttesaValore, &page.AttesaRimedio}) label->SetText({});
     }
     const Word word = WordOf(link);
     const int index = static_cast<int>(word);

@@ -45,6 +45,7 @@ void Silent(Memory& memory) {
     Link& link = memory.link;
     link.state.CentralinaDaRiconoscere = True;
     if (link.shell.state.FaseAcq != shell::NoPhase) return;
+    link.state.imageNotKept = eculink::FailedInside(link);
     if (link.state.VersioneECU.empty()) ++link.state.unanswered;
     eculink::ForgetVersion(link);
     eculink::MarkLost(link);
@@ -54,10 +55,18 @@ void Silent(Memory& memory) {
 void Recognised(Memory& memory) {
     shell::Shell& shell = memory.link.shell;
     memory.link.state.CentralinaDaRiconoscere = False;
+    memory.link.state.imageNotKept = false;
     shell.stack.ClosePage(memory.leggoIn);
     if (shell.state.ImmagineProgrammata == False) shell::SoloSenzaCentralina(shell);
     shell.main.Codice.SetText(shell::Fill(shell.TestoLingua("CODICE.0", "STATO"), memory.state.CodiceAcq));
     if (memory.hooks.Proceed) memory.hooks.Proceed();
+}
+
+// Where the image could not be kept the words stand as long as those of a silent unit, and it is not asked again and
+// again for nothing.
+bool Rests(const Memory& memory) {
+    const Link& link = memory.link;
+    return link.state.imageNotKept && eculink::NowMs(link) - memory.state.identifiedAt < eculink::CommandLimit;
 }
 
 // The run begins anew, but the frame that brought the unit stays to be seen.
@@ -83,6 +92,8 @@ void AddRecognition(Memory& memory) {
 
 void StartRecognition(Memory& memory) {
     Link& link = memory.link;
+    if (Rests(memory)) return;
+    memory.state.identifiedAt = eculink::NowMs(link);
     // A command that was sent before the unit came has lost its meaning.
     eculink::EndWithoutWatchdog(link);
     NewRun(link);

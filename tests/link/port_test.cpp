@@ -203,8 +203,8 @@ TEST(Waiting, SaysWhyNoUnitIsHeardWorstFirst) {
     w.Receive("noise without any frame");
     w.Run(1000);
     EXPECT_TRUE(w.Says(4, "23", "38400 " + w.Text("TIPO.0", "PARITA") + " 8 1"));
+    w.Take(support::LiveFrame().Short());
     w.State().unanswered = 2;
-    w.Receive("noise");
     w.Run(1000);
     EXPECT_TRUE(w.Says(5, "2", "/dev/ttyS0"));
 }
@@ -246,6 +246,36 @@ TEST(Waiting, AlsoSaysThatAUnitNowSendsWhatMakesNoFrame) {
     EXPECT_TRUE(w.Waiting());
     EXPECT_EQ(FindObstacle(w.Link()), Obstacle::NoFrames);
     EXPECT_NE(w.Cause(), "");
+}
+
+TEST(Waiting, BeginsWithoutTheReasonOfAnEarlierWait) {
+    Wired w;
+    w.Start();
+    w.Receive("noise");
+    w.Run(1000);
+    ASSERT_NE(w.Cause(), "");
+    w.BecomeReady();
+    w.Take(support::LiveFrame().Short());
+    ASSERT_FALSE(w.Waiting());
+    for (int i = 0; i < 60 && !w.Waiting(); ++i) w.Tick();
+    ASSERT_TRUE(w.Waiting());
+    EXPECT_EQ(w.Cause(), "");
+    w.Run(1000);
+    EXPECT_EQ(FindObstacle(w.Link()), Obstacle::Silent);
+    EXPECT_NE(w.Cause(), "");
+}
+
+TEST(Waiting, ADeviceJustPluggedInIsNotSaidToRefuseTheLine) {
+    Wired w;
+    w.host.line.SetPresent(false);
+    w.host.probe.facts.present = false;
+    w.Start();
+    EXPECT_EQ(FindObstacle(w.Link()), Obstacle::PortAbsent);
+    w.host.line.SetPresent(true);
+    w.host.probe.facts.present = true;
+    EXPECT_EQ(FindObstacle(w.Link()), Obstacle::Silent) << "until it is tried again";
+    w.Run(2000);
+    EXPECT_TRUE(w.Port().PortOpen());
 }
 
 }  // namespace eculink

@@ -256,6 +256,47 @@ TEST(Recognition, AFullDiskEndsLikeASilentUnit) {
     EXPECT_EQ(s.program.link.state.StatoCmd, Idle);
 }
 
+// A unit that answers would otherwise be asked, and the bell rung, three times a second for nothing.
+TEST(Recognition, AFullDiskIsToldAtThePaceOfASilentUnitUntilThereIsRoom) {
+    Simulated s;
+    ASSERT_TRUE(s.Start());
+    s.host.files.FailWrites(true);
+    ASSERT_TRUE(s.RunUntil([&] { return s.unit.Seen().Of('X') == 1; }, 2000));
+    s.Run(4900);
+    EXPECT_EQ(s.unit.Seen().Of('X'), 1);
+    EXPECT_EQ(s.program.shell.state.beeps, 1);
+    EXPECT_EQ(s.program.memory.leggoIn.Segnalazione.Text(), s.Text("SEGNALAZIONE_2", "LEGGOIN"));
+    EXPECT_EQ(s.program.link.grafici.AttesaCausa.Text(), s.Text("CAUSA.7", "ATTESA"));
+    EXPECT_NE(s.program.link.grafici.AttesaValore.Text().find(s.folder.Path().string()), std::string::npos);
+    ASSERT_TRUE(s.RunUntil([&] { return s.program.shell.state.beeps == 3; }, 10000));
+    EXPECT_EQ(s.unit.Seen().Of('X'), 3);
+    s.host.files.FailWrites(false);
+    ASSERT_TRUE(s.RunUntil([&] { return s.program.link.state.FlussoAttivo == True; }, 60000));
+    EXPECT_EQ(s.unit.Seen().Of('X'), 4);
+    EXPECT_FALSE(s.program.link.grafici.AttesaCausa.Visible());
+}
+
+// What was heard before the silence says nothing about the line afterwards.
+TEST(Recognition, AfterASilenceTheWaitTellsWhatTheLineBringsNow) {
+    for (const char* unanswered : {"X", "L"}) {
+        Simulated s;
+        s.Sim(std::string("misbehave silence command ") + unanswered + " forever");
+        ASSERT_TRUE(s.Start());
+        ASSERT_TRUE(s.RunUntil([&] { return PageOpen(s, "LeggoIn"); }, 2000));
+        s.Run(3000);
+        s.Sim("stream off");
+        ASSERT_TRUE(s.RunUntil([&] { return s.program.shell.state.beeps == 1; }, 8000));
+        s.Run(3000);
+        EXPECT_EQ(eculink::FindObstacle(s.program.link), eculink::Obstacle::Silent) << unanswered;
+        for (int i = 0; i < 4; ++i) {
+            s.Sim("send-text xyzxyz");
+            s.Run(500);
+        }
+        EXPECT_EQ(eculink::FindObstacle(s.program.link), eculink::Obstacle::NoFrames) << unanswered;
+        EXPECT_EQ(s.program.link.grafici.AttesaCausa.Text(), s.Text("CAUSA.4", "ATTESA"));
+    }
+}
+
 // With a calibration step running the silence of a recognition is nobody's news: the unit counts as unknown, no more.
 TEST(Recognition, SilenceDuringACalibrationStepSetsTheFlagAlone) {
     for (const char* silent : {"X", "L", "O"}) {
@@ -391,7 +432,7 @@ TEST(Recognition, AStreamThatBeginsWithBadFramesIsTakenFromItsFirstGoodOne) {
         EXPECT_EQ(u.State().CentralinaDaRiconoscere, True) << bad;
         EXPECT_FALSE(u.program->memory.leggoIn.IsOpen()) << bad;
     }
-    EXPECT_EQ(u.State().framesReceived, 0);
+    EXPECT_FALSE(u.State().lastFrameAt);
     u.Take(good);
     EXPECT_EQ(u.Sent(), frames::IdentityFrame());
     u.Take(good);
