@@ -52,7 +52,7 @@ struct State {
     // ms; the last live frame of a valid form since a loss or the opening of the port.
     std::optional<std::int64_t> lastFrameAt;
     int unanswered = 0;         // identifications in a row without a reply
-    bool imageNotKept = false;  // the last recognition ended at the files that were to hold the image
+    bool imageNotKept = false;  // recognitions end at the files that are to hold the image
     bool heard = false;         // a unit has been recognised since the start of the program
     std::string lineSettings;   // as the port was last asked to be set, whether it took them or not
     bool portFailed = false;    // the last opening failed

@@ -147,7 +147,9 @@ void CommandTimedOut(Link& link) {
     const int state = link.state.StatoCmd;
     const Catalogue::Entry* entry = link.catalogue.Find(state);
     const ReactionRow& reaction = ReactionNow(link, entry);
-    if (reaction.beep) link.shell.Beep();
+    // Files that cannot be written fail again with every live frame; the bell tells it once.
+    const bool told = FailedInside(link) && link.state.imageNotKept;
+    if (reaction.beep && !told) link.shell.Beep();
     if (entry != nullptr && entry->timeOut) entry->timeOut(state);
     RestoreWatchdog(link, reaction.watchdog);
     link.state.StatoCmd = Idle;

@@ -24,7 +24,10 @@ void LeggoIn::Opening() {
     Continua.SetText(shell.TestoLingua("CONTINUA.0", "LEGGOIN"));
     Esci.SetText(shell.TestoLingua("ESCI.0", "LEGGOIN"));
     EsciP.SetText(shell.TestoLingua("ESCIP.0", "LEGGOIN"));
-    Segnalazione.SetText(shell.TestoLingua("SEGNALAZIONE_3", "LEGGOIN"));
+    // Where files fail each attempt ends at once: the words of the last one stand, so that they can be read.
+    const bool again = memory_.link.state.imageNotKept;
+    Segnalazione.Say(again ? pages::Tone::Failed : pages::Tone::Plain,
+                     shell.TestoLingua(again ? "SEGNALAZIONE_2" : "SEGNALAZIONE_3", "LEGGOIN"));
     Avanzamento.SetText({});
     Avanzamento.SetVisible(false);
     Continua.SetVisible(false);

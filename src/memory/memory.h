@@ -14,7 +14,6 @@ namespace memory {
 struct State {
     std::string CodiceAcq = "000_0";
     std::string DataProgrammazione;
-    std::int64_t identifiedAt = 0;  // ms; when the last identification was sent
     int ScriviData = shell::False;  // the next programming stamps today's date
     std::string ImmagineEE;         // the image that is being written to the unit
     platform::Path archiveTarget;   // where the image that is being read will be filed

@@ -34,6 +34,7 @@ bool RispostaX(Memory& memory, const std::string& frame) {
         BeginConnectionRead(memory);
         return true;
     }
+    link.state.imageNotKept = false;
     // Nothing is asked of the unit until the fitter decides; the state stays, so that live frames go no further.
     link.state.ComandoTx.clear();
     shell.state.pointer = shell::Pointer::Normal;
@@ -55,18 +56,10 @@ void Silent(Memory& memory) {
 void Recognised(Memory& memory) {
     shell::Shell& shell = memory.link.shell;
     memory.link.state.CentralinaDaRiconoscere = False;
-    memory.link.state.imageNotKept = false;
     shell.stack.ClosePage(memory.leggoIn);
     if (shell.state.ImmagineProgrammata == False) shell::SoloSenzaCentralina(shell);
     shell.main.Codice.SetText(shell::Fill(shell.TestoLingua("CODICE.0", "STATO"), memory.state.CodiceAcq));
     if (memory.hooks.Proceed) memory.hooks.Proceed();
-}
-
-// Where the image could not be kept the words stand as long as those of a silent unit, and it is not asked again and
-// again for nothing.
-bool Rests(const Memory& memory) {
-    const Link& link = memory.link;
-    return link.state.imageNotKept && eculink::NowMs(link) - memory.state.identifiedAt < eculink::CommandLimit;
 }
 
 // The run begins anew, but the frame that brought the unit stays to be seen.
@@ -83,7 +76,11 @@ void AddRecognition(Memory& memory) {
     Link& link = memory.link;
     link.live.StartRecognition = [&memory] { StartRecognition(memory); };
     FlowEvents& events = EventsOf(memory, Flow::Connection);
-    events.progress = [&memory](int address) { memory.leggoIn.ShowProgress(address); };
+    events.progress = [&memory](int address) {
+        bool& notKept = memory.link.state.imageNotKept;
+        if (address > 0) notKept = false;
+        if (!notKept) memory.leggoIn.ShowProgress(address);
+    };
     events.done = [&memory] { Recognised(memory); };
     events.silent = [&memory](int) { Silent(memory); };
     link.catalogue.AddReply(Identification, 'x',
@@ -92,8 +89,6 @@ void AddRecognition(Memory& memory) {
 
 void StartRecognition(Memory& memory) {
     Link& link = memory.link;
-    if (Rests(memory)) return;
-    memory.state.identifiedAt = eculink::NowMs(link);
     // A command that was sent before the unit came has lost its meaning.
     eculink::EndWithoutWatchdog(link);
     NewRun(link);

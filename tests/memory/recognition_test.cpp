@@ -256,24 +256,43 @@ TEST(Recognition, AFullDiskEndsLikeASilentUnit) {
     EXPECT_EQ(s.program.link.state.StatoCmd, Idle);
 }
 
-// A unit that answers would otherwise be asked, and the bell rung, three times a second for nothing.
-TEST(Recognition, AFullDiskIsToldAtThePaceOfASilentUnitUntilThereIsRoom) {
+// Each live frame asks the unit anew, which answers: the failure comes back three times a second.
+TEST(Recognition, AFullDiskRingsTheBellOnceAndTheWaitSaysWhy) {
     Simulated s;
     ASSERT_TRUE(s.Start());
     s.host.files.FailWrites(true);
-    ASSERT_TRUE(s.RunUntil([&] { return s.unit.Seen().Of('X') == 1; }, 2000));
-    s.Run(4900);
-    EXPECT_EQ(s.unit.Seen().Of('X'), 1);
-    EXPECT_EQ(s.program.shell.state.beeps, 1);
+    ASSERT_TRUE(s.RunUntil([&] { return s.program.shell.state.beeps == 1; }, 2000));
     EXPECT_EQ(s.program.memory.leggoIn.Segnalazione.Text(), s.Text("SEGNALAZIONE_2", "LEGGOIN"));
+    for (int i = 0; i < 30; ++i) {
+        s.Run(100);
+        EXPECT_EQ(s.program.memory.leggoIn.Segnalazione.Text(), s.Text("SEGNALAZIONE_2", "LEGGOIN"));
+    }
+    EXPECT_GT(s.unit.Seen().Of('X'), 3) << "the next live frame starts over";
+    EXPECT_EQ(s.program.shell.state.beeps, 1);
+    EXPECT_TRUE(s.program.link.grafici.AttesaCausa.Visible());
     EXPECT_EQ(s.program.link.grafici.AttesaCausa.Text(), s.Text("CAUSA.7", "ATTESA"));
     EXPECT_NE(s.program.link.grafici.AttesaValore.Text().find(s.folder.Path().string()), std::string::npos);
-    ASSERT_TRUE(s.RunUntil([&] { return s.program.shell.state.beeps == 3; }, 10000));
-    EXPECT_EQ(s.unit.Seen().Of('X'), 3);
     s.host.files.FailWrites(false);
+    s.Run(1500);
+    EXPECT_FALSE(s.program.link.grafici.AttesaCausa.Visible()) << "a block of the image has been kept";
     ASSERT_TRUE(s.RunUntil([&] { return s.program.link.state.FlussoAttivo == True; }, 60000));
-    EXPECT_EQ(s.unit.Seen().Of('X'), 4);
-    EXPECT_FALSE(s.program.link.grafici.AttesaCausa.Visible());
+    EXPECT_EQ(s.program.shell.state.beeps, 1);
+}
+
+TEST(Recognition, AnotherUnitAfterAFullDiskIsNotSaidToHaveNoRoom) {
+    Simulated s;
+    ASSERT_TRUE(s.Start());
+    s.host.files.FailWrites(true);
+    ASSERT_TRUE(s.RunUntil([&] { return s.program.shell.state.beeps == 1; }, 2000));
+    s.Sim("cable out");
+    s.Run(6000);
+    EXPECT_EQ(s.program.shell.main.RxOK.Colour(), "white");
+    s.host.files.FailWrites(false);
+    s.Sim("version \"00.99 A001\"");
+    s.Sim("cable in");
+    ASSERT_TRUE(s.RunUntil([&] { return s.program.memory.leggoIn.Continua.Visible(); }, 10000));
+    s.Run(1500);
+    EXPECT_FALSE(s.program.link.grafici.Attesa.Visible());
 }
 
 // What was heard before the silence says nothing about the line afterwards.
