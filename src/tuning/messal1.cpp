@@ -184,13 +184,12 @@ std::string MessaL1::AxisText(int row, int column) const {
 void MessaL1::GiriLeft(int column) {
     pages::Field& field = Giri[column];
     const std::string before = AxisText(0, column + Headers);
-    const bool touched = field.Text() != before;
-    const bool typed = touched && !field.Text().empty();
+    const bool typed = !field.Text().empty() && field.Text() != before;
     const double figure = std::min(ValoreNum(field.Text()), LargestWord);
     const Record& limits = tuning_.memoria[OverSpeedRecord];
     if (typed && column == OverSpeedColumn && !WithinLimits(limits, figure)) return RefuseOverSpeed(limits);
     TakeAxis(field, 0, column + Headers, typed ? Format0(figure) : before);
-    if (touched) WarnOfAxis(Giri);
+    WarnOfAxis(Giri);
 }
 
 // The end of the axis is the over-speed threshold, with the limits that it has on its own page.
@@ -212,14 +211,13 @@ void MessaL1::MAPVLeft(int row) {
     const Context context = tuning_.CurrentContext();
     const auto none = Pressure(context, 0);
     const auto full = Pressure(context, LargestCount);
-    const bool touched = field.Text() != before;
     std::string figure = before;
-    if (touched && !field.Text().empty() && none && full) {
+    if (!field.Text().empty() && field.Text() != before && none && full) {
         const auto [least, most] = std::minmax(*none, *full);
         figure = Format0(std::clamp(ValoreNum(field.Text()), least, most));
     }
     TakeAxis(field, row + Headers, 0, figure);
-    if (touched) WarnOfAxis(MAPV);
+    WarnOfAxis(MAPV);
 }
 
 void MessaL1::TakeAxis(pages::Field& field, int row, int column, const std::string& figure) {
@@ -231,7 +229,8 @@ void MessaL1::TakeAxis(pages::Field& field, int row, int column, const std::stri
     MarkChanges();
 }
 
-// A unit may hold breakpoints in any order: one that was typed out of order is told, not refused.
+// A unit may hold breakpoints in any order: an axis that does not rise is told when one of its fields is left, not
+// refused.
 void MessaL1::WarnOfAxis(pages::Array<pages::Field>& axis) {
     for (int i = axis.First() + 1; i < axis.End(); ++i) {
         if (ValoreNum(axis[i].Text()) <= ValoreNum(axis[i - 1].Text()))
