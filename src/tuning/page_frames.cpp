@@ -138,7 +138,7 @@ void TakeWritten(Tuning& tuning, const PageWrite& write, bool stored) {
     for (Record& other : tuning.memoria) {
         if (&other != &record && other.EE == record.EE) TakeHeld(tuning, other, write.count, overtaken);
     }
-    FollowNeighbour(tuning, write.record);
+    SetLimits(tuning);
 }
 
 }  // namespace tuning
