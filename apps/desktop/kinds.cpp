@@ -175,6 +175,7 @@ void PushCombo(const Control& control, QWidget& widget, const Look& look) {
 void WireCombo(Control& control, QWidget& widget, Hands& hands) {
     auto& combo = static_cast<QComboBox&>(widget);
     QObject::connect(&combo, &QComboBox::activated, &combo, [&control, &combo, &hands](int index) {
+        if (index == control.Index() && !control.takesSameEntry) return;
         if (!hands.Select(control, {index})) combo.setCurrentIndex(control.Index());
     });
 }

@@ -106,6 +106,7 @@ class Control {
     // Set once when the page is built.
     KeyFilter filter = KeyFilter::Any;
     bool escapes = false;  // a button that leaves the page: a refused value in the focused field does not hold it back
+    bool takesSameEntry = false;  // a list in which choosing the present entry counts as a choice
     Handler onPress;
     Handler onChange;  // after each accepted key, and after a choice
     Handler onLeave;   // may put the focus back

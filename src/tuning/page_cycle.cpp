@@ -35,6 +35,7 @@ PageCycle::PageCycle(Tuning& tuning, const DialogRow& dialog, PageParts parts)
     foot.InMemor.onPress = [this] { Store(); };
     foot.Applica[0].onPress = [this] { ApplicaModificati(); };
     foot.Applica[1].onPress = [this] { ApplicaIniziali(); };
+    parts_.head.Pagine.takesSameEntry = true;
     parts_.head.Pagine.onChange = [this] { Choose(); };
     parts_.editing.onTouched = [this] { Touched(); };
     parts_.page.BindKey("Esc", foot.Esci);

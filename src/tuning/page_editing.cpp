@@ -49,6 +49,7 @@ PageEditing::PageEditing(Tuning& tuning, PageControls& controls, pages::Label& m
 }
 
 void PageEditing::Wire(const FieldControls& field) {
+    field.value->takesSameEntry = field.row->IsList();
     field.value->onChange = [this, &field] {
         field.value->SetChanged(true);
         if (field.row->IsList()) {

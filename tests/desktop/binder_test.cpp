@@ -523,6 +523,23 @@ TEST(Binder, WhatIsOffOrHiddenLooksSoAndTakesNothing) {
     EXPECT_EQ(bench.window.focusWidget(), bench.view.WidgetOf(page.Choice));
 }
 
+// A mouse can choose the entry that is there already.
+TEST(Binder, TheSameEntryChosenAgainIsAChoiceOnlyWhereThePageSaysSo) {
+    for (const bool counts : {false, true}) {
+        Bench bench;
+        int choices = 0;
+        bench.page.Choice.takesSameEntry = counts;
+        bench.page.Choice.onChange = [&] { ++choices; };
+        bench.page.Choice.SetIndex(0);
+        bench.view.Sync();
+        auto& combo = bench.Of<QComboBox>(bench.page.Choice);
+        emit combo.activated(0);
+        EXPECT_EQ(choices, counts ? 1 : 0);
+        emit combo.activated(1);
+        EXPECT_EQ(choices, counts ? 2 : 1);
+    }
+}
+
 TEST(Binder, ATurnedWheelChangesNoChoiceInPassing) {
     Bench bench;
     bench.page.Choice.SetIndex(0);
