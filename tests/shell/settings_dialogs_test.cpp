@@ -122,6 +122,11 @@ TEST(SettingsDialogs, TellWhenTheFileCannotBeWrittenAndStayOpen) {
         w.Stack().Press(w.Shell().messaggio.TastoOK);
         EXPECT_TRUE(page.IsOpen()) << c.page;
         EXPECT_EQ(w.FileContent(c.file), before);
+        w.Shell().folderTrouble = shell::FolderTrouble::Unwritable;
+        w.Stack().Key(page, "F1");
+        EXPECT_EQ(w.Shell().messaggio.Segnalazione.Text(),
+                  Fill(w.Text("CARTELLA_PROTETTA", "AVVIO"), w.Shell().state.CartellaProg));
+        w.Stack().Press(w.Shell().messaggio.TastoOK);
         w.host.files.FailWrites(false);
         w.Stack().Key(page, "F1");
         EXPECT_FALSE(page.IsOpen()) << c.page;
