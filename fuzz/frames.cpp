@@ -110,10 +110,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         std::string expectedRest = link.state.BufferRx;
         const auto expected = PopByTheRules(expectedRest, program.shell.state.TipoComputer);
         handedOn.reset();
-        const std::int64_t before = link.state.framesReceived;
+        link.state.lastFrameAt.reset();
         eculink::EstraiFrame(link);
         Require(handedOn == expected);
-        Require(link.state.framesReceived - before == (expected && IsLive(*expected) ? 1 : 0));
+        Require(link.state.lastFrameAt.has_value() == (expected && IsLive(*expected)));
         Require(link.state.BufferRx == expectedRest || link.state.BufferRx.empty());
         eculink::AggiornaPagina(link);
         host.world.RunFor(eculink::ProcessingInterval);
