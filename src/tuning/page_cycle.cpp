@@ -272,6 +272,7 @@ void PageCycle::TakeWrite(const PageWrite& write) {
     const bool stored = *work_ == Work::Storing && dialog_.storesOneByOne;
     TakeWritten(tuning_, write, stored);
     if (!stored) return;
+    SetLimits(tuning_);
     parts_.editing.ApplySpeed();
     parts_.editing.Show();
 }

@@ -138,7 +138,6 @@ void TakeWritten(Tuning& tuning, const PageWrite& write, bool stored) {
     for (Record& other : tuning.memoria) {
         if (&other != &record && other.EE == record.EE) TakeHeld(tuning, other, write.count, overtaken);
     }
-    SetLimits(tuning);
 }
 
 }  // namespace tuning
