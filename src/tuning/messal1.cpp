@@ -221,11 +221,10 @@ void MessaL1::MAPVLeft(int row) {
 }
 
 void MessaL1::TakeAxis(pages::Field& field, int row, int column, const std::string& figure) {
-    const bool news = field.Refused() || figure != AxisText(row, column);
+    if (field.Refused() || figure != AxisText(row, column)) Tell({});
     field.SetText(figure);
     field.SetRefused(false);
     LambdaRicco.SetCell(row, column, figure);
-    if (news) return Edited();
     MarkChanges();
 }
 
