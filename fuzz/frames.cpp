@@ -104,16 +104,20 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     link.trace = [&](eculink::Direction direction, std::string_view frame) {
         if (direction == eculink::Direction::Received) handedOn = frame;
     };
+    int samples = 0;
+    link.live.AddSample = [&] { ++samples; };
     while (!input.Empty()) {
         host.line.Far().Write(input.Piece());
         host.world.RunFor(0);
         std::string expectedRest = link.state.BufferRx;
         const auto expected = PopByTheRules(expectedRest, program.shell.state.TipoComputer);
         handedOn.reset();
+        samples = 0;
         link.state.lastFrameAt.reset();
         eculink::EstraiFrame(link);
         Require(handedOn == expected);
         Require(link.state.lastFrameAt.has_value() == (expected && IsLive(*expected)));
+        Require(samples <= 1);
         Require(link.state.BufferRx == expectedRest || link.state.BufferRx.empty());
         eculink::AggiornaPagina(link);
         host.world.RunFor(eculink::ProcessingInterval);
